@@ -1,0 +1,42 @@
+#include <strlib.h>
+
+#include "detail/byte_set.h"
+#include "detail/bytes.h"
+
+using namespace strlib;
+
+namespace {
+
+// The first token of a string; the end is looked for only where it is wanted.
+struct Token {
+    const uint8_t *first;
+    const uint8_t *end;
+};
+
+Token findToken(const char *string, const char *delimiters, bool endWanted) {
+    if (isEmpty(string) || delimiters == nullptr) return {nullptr, nullptr};
+    const ByteSet set(bytesOf(delimiters));
+    const uint8_t *at = bytesOf(string);
+    while (set.has(*at)) ++at;
+    if (*at == 0) return {nullptr, nullptr};
+    const uint8_t *const first = at;
+    if (endWanted) {
+        do ++at;
+        while (*at != 0 && !set.has(*at));
+    }
+    return {first, at};
+}
+
+}  // namespace
+
+char *TQ_strtoklen(const char *string, const char *delimiters, uint16_t *length) {
+    const Token token = findToken(string, delimiters, length != nullptr);
+    if (length != nullptr) *length = static_cast<uint16_t>(token.end - token.first);
+    return resultAt(token.first);
+}
+
+char *TQ_strtoken(const char *string, const char *delimiters, char **end) {
+    const Token token = findToken(string, delimiters, end != nullptr);
+    if (end != nullptr && token.first != nullptr) *end = resultAt(token.end);
+    return resultAt(token.first);
+}

@@ -1,0 +1,45 @@
+#ifndef STRLIB_NUMBERS_DIALECT_H
+#define STRLIB_NUMBERS_DIALECT_H
+
+// What the two format dialects have in common: width groups and escape pairs.
+
+#include <strlib.h>
+
+#include "detail/ascii.h"
+#include "detail/bytes.h"
+
+namespace strlib {
+
+inline constexpr uint8_t directiveSign = '%';
+inline constexpr uint8_t escapeSign = '\\';
+
+inline constexpr int32_t noWidth = -1;
+inline constexpr int32_t widthGroupDigits = 7;
+
+// Reads the width groups at `at`, moves it behind them and gives the value of the last, or noWidth.
+inline int32_t readWidth(const uint8_t *&at) {
+    int32_t width = noWidth;
+    while (isDigit(*at)) {
+        char group[widthGroupDigits + 1];
+        int32_t count = 0;
+        do group[count++] = static_cast<char>(*at++);
+        while (count < widthGroupDigits && isDigit(*at));
+        group[count] = 0;
+        width = TQANSI_atoi(group);
+    }
+    return width;
+}
+
+// The byte for which a backslash and this byte stand.
+inline uint8_t escaped(uint8_t byte) {
+    switch (byte) {
+        case 'r': return '\r';
+        case 't': return '\t';
+        case 'n': return '\n';
+        default: return byte;
+    }
+}
+
+}  // namespace strlib
+
+#endif

@@ -1,0 +1,193 @@
+#include <strlib.h>
+
+#include "detail/bytes.h"
+#include "detail/decimal.h"
+#include "numbers/dialect.h"
+
+using namespace strlib;
+
+namespace {
+
+// What the format asks for next.
+enum class Ask : uint8_t { nothing, blanks, literal, lineEscape, conversion };
+
+struct Item {
+    Ask ask;
+    uint8_t byte;  // of a literal or escape: the byte to match; of a conversion: its letter
+    uint8_t excluded;
+    int32_t width;
+};
+
+class Format {
+public:
+    explicit Format(const uint8_t *format) : at_(format) {}
+
+    Item next() {
+        if (*at_ != directiveSign) return literal();
+        ++at_;
+        const int32_t width = readWidth(at_);
+        switch (*at_) {
+            case 'c':
+            case 's':
+            case 'i':
+            case 'u':
+            case 'n': return {Ask::conversion, take(), 0, width};
+            case 'b':
+            case 'h':
+            case 'l': return sized(width);
+            case '[': return set(width);
+            default: return literal();
+        }
+    }
+
+    // The size letter in force: it outlives its directive, to the next size letter or the end of the call.
+    uint8_t sizeLetter() const { return sizeLetter_; }
+
+private:
+    // Never moves past the NUL.
+    uint8_t take() {
+        const uint8_t byte = *at_;
+        if (byte != 0) ++at_;
+        return byte;
+    }
+
+    static Item plain(uint8_t byte) {
+        if (byte == 0) return {Ask::nothing, 0, 0, 0};
+        return {byte == ' ' ? Ask::blanks : Ask::literal, byte, 0, 0};
+    }
+
+    Item literal() {
+        const uint8_t byte = take();
+        if (byte != escapeSign) return plain(byte);
+        const uint8_t letter = take();
+        const uint8_t meant = escaped(letter);
+        return meant == letter ? plain(letter) : Item{Ask::lineEscape, meant, 0, 0};
+    }
+
+    Item sized(int32_t width) {
+        sizeLetter_ = take();
+        if (*at_ == 'i' || *at_ == 'u') return {Ask::conversion, take(), 0, width};
+        return literal();
+    }
+
+    // "[^x]" converts. A byte that stands where the '^' or the ']' should is the literal that the directive becomes.
+    Item set(int32_t width) {
+        take();
+        if (*at_ != '^') return literal();
+        take();
+        const uint8_t excluded = take();
+        if (*at_ != ']') return literal();
+        take();
+        return {Ask::conversion, '[', excluded, width};
+    }
+
+    const uint8_t *at_;
+    uint8_t sizeLetter_ = 'l';
+};
+
+// Destinations are whatever integers the caller declared, of any type of the size.
+using Int32 __attribute__((may_alias)) = uint32_t;
+using Int16 __attribute__((may_alias)) = uint16_t;
+
+void storeNumber(intptr_t destination, uint32_t value, uint8_t sizeLetter) {
+    if (sizeLetter == 'b')
+        *reinterpret_cast<uint8_t *>(destination) = lowByte(value);
+    else if (sizeLetter == 'h')
+        *reinterpret_cast<Int16 *>(destination) = static_cast<uint16_t>(value);
+    else
+        *reinterpret_cast<Int32 *>(destination) = value;
+}
+
+class Input {
+public:
+    explicit Input(const uint8_t *input) : start_(input), content_(skipBlanks(input)), at_(content_) {}
+
+    uint32_t consumed() const { return static_cast<uint32_t>(at_ - start_); }
+
+    void skip() { at_ = skipBlanks(at_); }
+
+    bool match(uint8_t byte) {
+        if (*at_ != byte) return false;
+        ++at_;
+        return true;
+    }
+
+    bool blanksAtStartHold(uint8_t byte) const {
+        for (const uint8_t *blank = start_; blank < content_; ++blank) {
+            if (*blank == byte) return true;
+        }
+        return false;
+    }
+
+    bool readByte(uint8_t *destination) {
+        if (*at_ == 0) return false;
+        *destination = *at_++;
+        return true;
+    }
+
+    // Copies the bytes up to the NUL or the first that `ends`, as far as the width has room for them and a NUL.
+    template <class Ends>
+    bool readField(uint8_t *destination, int32_t width, Ends ends) {
+        if (width == 0) return false;
+        uint32_t room = static_cast<uint32_t>(width) - 1;  // without a width more than any field takes
+        const uint8_t *const first = at_;
+        for (; room != 0 && *at_ != 0 && !ends(*at_); --room) *destination++ = *at_++;
+        *destination = 0;
+        return at_ != first;
+    }
+
+    bool readNumber(intptr_t destination, uint8_t sizeLetter) {
+        storeNumber(destination, static_cast<uint32_t>(TQANSI_atoi(resultAt(at_))), sizeLetter);
+        const uint8_t *const digits = at_ + (*at_ == '-');
+        const uint8_t *const end = readDigits(digits).end;
+        if (end == digits) return false;
+        at_ = end;
+        return true;
+    }
+
+private:
+    const uint8_t *start_;
+    const uint8_t *content_;
+    const uint8_t *at_;
+};
+
+bool convert(Input &input, const Item &item, intptr_t destination, uint8_t sizeLetter) {
+    uint8_t *const bytes = reinterpret_cast<uint8_t *>(destination);
+    switch (item.byte) {
+        case 'c': return input.readByte(bytes);
+        case 's': return input.readField(bytes, item.width, isBlank);
+        case '[': return input.readField(bytes, item.width, [&](uint8_t byte) { return byte == item.excluded; });
+        case 'n': storeNumber(destination, input.consumed(), 'l'); return true;
+        default: return input.readNumber(destination, sizeLetter);
+    }
+}
+
+}  // namespace
+
+int32_t TQ_sscanf(const char *input, const char *format, const intptr_t *arguments) {
+    if (isEmpty(input) || isEmpty(format)) return -1;
+    Input text(bytesOf(input));
+    Format items(bytesOf(format));
+    int32_t result = -1;
+    bool opening = true;  // nothing but line escapes so far
+    for (;;) {
+        const Item item = items.next();
+        opening = opening && item.ask == Ask::lineEscape;
+        switch (item.ask) {
+            case Ask::nothing: return result;
+            case Ask::blanks: text.skip(); break;
+            case Ask::literal:
+                if (!text.match(item.byte)) return result;
+                break;
+            case Ask::lineEscape:
+                // The blanks passed over at the start may be the very line ends that an opening format asks for.
+                if (!text.match(item.byte) && !(opening && text.blanksAtStartHold(item.byte))) return result;
+                break;
+            case Ask::conversion:
+                if (result < 0) result = 0;
+                if (!convert(text, item, *arguments++, items.sizeLetter())) return result;
+                if (item.byte != 'n') ++result;
+                break;
+        }
+    }
+}

@@ -1,0 +1,35 @@
+#include <strlib.h>
+
+#include "detail/compare.h"
+
+using namespace strlib;
+
+int32_t TQANSI_strcmp(const char *first, const char *second) {
+    if (first == nullptr || second == nullptr) return 0;
+    return compareStrings<Exact>(bytesOf(first), bytesOf(second));
+}
+
+int32_t TQANSI_strncmp(const char *first, const char *second, int32_t count) {
+    if (first == nullptr || second == nullptr) return 0;
+    return compareUpTo<Exact>(bytesOf(first), bytesOf(second), positionsToCompare(count));
+}
+
+int32_t TQANSI_stricmp(const char *first, const char *second) {
+    return compareStrings<Folded>(bytesOf(first), bytesOf(second));
+}
+
+int32_t TQANSI_strnicmp(const char *first, const char *second, int32_t count) {
+    if (first == nullptr || second == nullptr) return 0;
+    // Callers count on the classic 16-bit counter: it never reaches a larger count, which then bounds nothing.
+    if (count > UINT16_MAX) return compareStrings<Folded>(bytesOf(first), bytesOf(second));
+    return compareUpTo<Folded>(bytesOf(first), bytesOf(second), positionsToCompare(count));
+}
+
+int32_t TQANSI_memcmp(const void *first, const void *second, uint32_t count) {
+    const uint8_t *const a = static_cast<const uint8_t *>(first);
+    const uint8_t *const b = static_cast<const uint8_t *>(second);
+    for (uint32_t i = 0; i < count; ++i) {
+        if (a[i] != b[i]) return a[i] - b[i];
+    }
+    return 0;
+}
