@@ -1,0 +1,126 @@
+#!/usr/bin/env bash
+# Checks the gazetteer program named by the argument: what it finds, and what it says about bad input.
+set -euo pipefail
+
+program=$1
+examples=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+file=$scratch/file
+good='Roma;Rome;Italy;41.89;12.48;2748000'
+failures=0
+
+# run ARGUMENT...: leaves what the program writes in $scratch and its exit status in $status.
+run() {
+    status=0
+    "$program" "$@" >"$scratch/out" 2>"$scratch/err" || status=$?
+}
+
+# expect WHAT WANTED SEEN
+expect() {
+    [[ $3 == "$2" ]] && return
+    printf '%s: wanted "%s", saw "%s"\n' "$1" "$2" "$3"
+    failures=$((failures + 1))
+}
+
+# finds TOTALS ARGUMENT...: from the checked-in file, without a complaint.
+finds() {
+    run "$examples/capitals.txt" "${@:2}"
+    expect "${*:2}" "0 $1 " "$status $(grep -E '^[0-9]+ capitals?,' "$scratch/out") $(<"$scratch/err")"
+}
+
+# misuse MESSAGE ARGUMENT...
+misuse() {
+    run "${@:2}"
+    expect "${*:2}" "2 gazetteer: $1 (--help tells more) " "$status $(<"$scratch/err") $(<"$scratch/out")"
+}
+
+# refused MESSAGE [CONTENT]: the whole file, of that content where one is given.
+refused() {
+    if [[ $# -gt 1 ]]; then printf '%b' "$2" >"$file"; fi
+    run "$file"
+    expect "file '${2-}'" "1 $file:$1 " "$status $(<"$scratch/err") $(<"$scratch/out")"
+}
+
+# skipped REASON LINE: that line only, between two good ones.
+skipped() {
+    printf '%s\r\n%b\r\n%s' "$good" "$2" "$good" >"$file"
+    run "$file"
+    expect "line '$2'" "1 $file:2: $1 2 capitals, 5,496,000 inhabitants" \
+        "$status $(<"$scratch/err") $(grep '^2 capitals' "$scratch/out")"
+}
+
+# accepted LINE
+accepted() {
+    printf '%b' "$1" >"$file"
+    run "$file"
+    expect "line '$1'" "0  1 capital" "$status $(<"$scratch/err") $(grep -o '^1 capital' "$scratch/out")"
+}
+
+run "$examples/capitals.txt" --prefix t --sort population
+expect 'the expected table' '' "$(diff "$examples/expected_table.txt" "$scratch/out" 2>&1)"
+
+finds '194 capitals, 377,939,390 inhabitants' --sort country
+finds '1 capital, 14,094,000 inhabitants' --find 東京
+finds '2 capitals, 12,256,000 inhabitants' --find KOREA
+finds '1 capital, 71,900 inhabitants' --find 'sao tome'
+finds '1 capital, 7,744,000 inhabitants' --find BOGOTÁ --prefix bo
+finds '6 capitals, 11,353,060 inhabitants' --prefix san
+finds '5 capitals, 1,584,100 inhabitants' --prefix 'PORT '
+finds '1 capital, 767,000 inhabitants' --prefix Z
+finds '0 capitals, 0 inhabitants' --prefix zz
+
+misuse 'unknown option --fnid' --fnid x "$examples/capitals.txt"
+misuse 'unknown option -' -
+misuse 'nothing behind --find' "$examples/capitals.txt" --find
+misuse 'blank text behind --prefix' "$examples/capitals.txt" --prefix ' '
+misuse 'invalid UTF-8 behind --find' "$examples/capitals.txt" --find $'\xC3'
+misuse 'text too long behind --find' "$examples/capitals.txt" --find "$(printf '%096d' 0)"
+misuse 'name, country or population must follow --sort' "$examples/capitals.txt" --sort size
+misuse 'no file named'
+
+refused ' No such file or directory'
+refused ' empty file' ''
+refused ' no records' '# nothing\r\n\r\n \r\n'
+refused '3: NUL byte in the file' "$good\n$good\nRo\0ma\n"
+rm "$file"
+mkdir "$file"
+refused ' Is a directory'
+rmdir "$file"
+
+skipped 'line too long' "# $(printf '%0510d' 0)"
+skipped 'carriage return inside the line' 'Ro\rma;Rome;Italy;41.89;12.48;2748000'
+skipped 'invalid UTF-8' 'Malm\xF6;Malmo;Sweden;55.6;13;357000'
+skipped 'invalid UTF-8' '# \xE0\x80\x80'
+skipped 'invalid UTF-8' '# \xED\xA0\x80'
+skipped 'invalid UTF-8' '# \xF4\x90\x80\x80'
+skipped 'control character' 'Ro\tma;Rome;Italy;41.89;12.48;2748000'
+skipped 'control character' 'Roma;\xE2\x80\xAERome;Italy;41.89;12.48;2748000'
+skipped 'too few fields' 'Roma;Rome;Italy;41.89;12.48'
+skipped 'too many fields' 'Roma;Rome;Italy;41.89;12.48;2748000;1'
+skipped 'empty field' 'Roma;;Italy;41.89;12.48;2748000'
+skipped 'empty field' ';Rome;Italy;41.89;12.48;2748000'
+skipped 'empty field' 'Roma;Rome;Italy;41.89;12.48;'
+skipped 'empty field' 'Roma; ;Italy;41.89;12.48;2748000'
+skipped 'field too long' "Roma;$(printf '%096d' 0);Italy;41.89;12.48;2748000"
+skipped 'latitude is no number' 'Roma;Rome;Italy;north;12.48;2748000'
+skipped 'latitude is no number' 'Roma;Rome;Italy;0x1F;12.48;2748000'
+skipped 'latitude is no number' 'Roma;Rome;Italy;- 4;12.48;2748000'
+skipped 'latitude is no number' 'Roma;Rome;Italy;--4;12.48;2748000'
+skipped 'latitude is no number' 'Roma;Rome;Italy;41.;12.48;2748000'
+skipped 'latitude is no number' 'Roma;Rome;Italy;.5;12.48;2748000'
+skipped 'latitude is no number' 'Roma;Rome;Italy;41.899;12.48;2748000'
+skipped 'latitude is no number' 'Roma;Rome;Italy;41.8.9;12.48;2748000'
+skipped 'latitude out of range' 'Roma;Rome;Italy;4294967337;12.48;2748000'
+skipped 'latitude out of range' 'Roma;Rome;Italy;-90.01;12.48;2748000'
+skipped 'longitude is no number' 'Roma;Rome;Italy;41.89;12,48;2748000'
+skipped 'longitude out of range' 'Roma;Rome;Italy;41.89;180.5;2748000'
+skipped 'population is no number' 'Roma;Rome;Italy;41.89;12.48;2,748,000'
+skipped 'population is no number' 'Roma;Rome;Italy;41.89;12.48;-1'
+skipped 'population out of range' 'Roma;Rome;Italy;41.89;12.48;4297715296'
+
+accepted '\xEF\xBB\xBF# with a byte order mark\n Nord ; Pole ; Arctic ; 90 ; -180.00 ; 0 '
+
+accepted "# $(printf '%0509d' 0)\r\n$good"
+
+if [[ $failures -gt 0 ]]; then exit 1; fi

@@ -1,0 +1,28 @@
+#ifndef GAZETTEER_OPTIONS_H
+#define GAZETTEER_OPTIONS_H
+
+#include <optional>
+#include <span>
+
+#include "catalogue.h"
+
+struct Options {
+    const char *file = nullptr;
+    std::optional<Field> find;
+    std::optional<Field> prefix;
+    SortKey sort = SortKey::name;
+    bool help = false;
+};
+
+// What is wrong with the command line.
+struct UsageError {
+    const char *reason;
+    const char *argument;
+};
+
+// Reads a command line without the program's name.
+std::optional<UsageError> readOptions(std::span<char *const> arguments, Options &options);
+
+extern const char *const usage;
+
+#endif

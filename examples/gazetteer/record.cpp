@@ -1,0 +1,145 @@
+#include "record.h"
+
+#include <strlib.h>
+
+#include <optional>
+
+#include "arguments.h"
+#include "characters.h"
+
+namespace {
+
+constexpr int32_t fieldCount = 6;
+constexpr const char *separator = ";";
+
+using Fields = std::array<Field, fieldCount>;
+
+constexpr uint8_t blankClass = 1;
+constexpr uint8_t digitClass = 2;
+constexpr uint8_t pointClass = 4;
+
+std::array<uint8_t, 256> makeClasses() {
+    std::array<uint8_t, 256> classes{};
+    for (int32_t byte = 1; byte <= ' '; ++byte) classes[static_cast<uint8_t>(byte)] = blankClass;
+    for (int32_t byte = '0'; byte <= '9'; ++byte) classes[static_cast<uint8_t>(byte)] = digitClass;
+    classes['.'] = pointClass;
+    return classes;
+}
+
+bool belongsTo(uint8_t mask, char byte) {
+    static const std::array<uint8_t, 256> classes = makeClasses();
+    return TQ_isAttribute(mask, classes.data(), byte) != 0;
+}
+
+bool isMadeOf(uint8_t mask, const char *text) {
+    while (belongsTo(mask, *text)) ++text;
+    return *text == 0;
+}
+
+// The tokenizer takes a run of separators for one, so that empty fields must be looked for beforehand.
+bool hasEmptyField(const char *line) {
+    const char *const last = TQANSI_strrchr(line, *separator);
+    return *line == *separator || TQANSI_strstr(line, ";;") != nullptr || (last != nullptr && last[1] == 0);
+}
+
+int32_t countFields(const char *line) {
+    int32_t count = 0;
+    char *end = nullptr;
+    while (TQ_strtoken(line, separator, &end) != nullptr) {
+        line = end;
+        ++count;
+    }
+    return count;
+}
+
+// Takes a field's bytes without the blanks around them.
+const char *takeField(const char *token, int32_t length, Field &field) {
+    while (length > 0 && belongsTo(blankClass, *token)) {
+        ++token;
+        --length;
+    }
+    while (length > 0 && belongsTo(blankClass, token[length - 1])) --length;
+    if (length == 0) return "empty field";
+    if (length >= static_cast<int32_t>(field.size())) return "field too long";
+    TQANSI_strncpy(field.data(), token, length);
+    return nullptr;
+}
+
+const char *splitLine(const char *line, Fields &fields) {
+    if (hasEmptyField(line)) return "empty field";
+    const int32_t count = countFields(line);
+    if (count != fieldCount) return count < fieldCount ? "too few fields" : "too many fields";
+    for (Field &field : fields) {
+        uint16_t length = 0;
+        line = TQ_strtoklen(line, separator, &length);
+        if (const char *const reason = takeField(line, length, field)) return reason;
+        line += length;
+    }
+    return nullptr;
+}
+
+// Reads degrees with at most two digits behind the point, in hundredths. The sign is taken beforehand, as "-0" has
+// none; and the scan would also take blanks and "0x1F", which the classes keep out.
+std::optional<int32_t> readHundredths(const char *text) {
+    const bool isNegative = *text == '-';
+    if (isNegative) ++text;
+    if (!isMadeOf(digitClass | pointClass, text)) return std::nullopt;
+    int32_t degrees = 0;
+    int32_t point = 0;
+    int32_t fraction = 0;
+    int32_t end = 0;
+    const intptr_t slots[] = {slot(&degrees), slot(&point), slot(&fraction), slot(&end)};
+    const int32_t count = TQ_sscanf(text, "%u%n.%u%n", slots);
+    if (count < 1) return std::nullopt;
+    const int32_t digits = count == 2 ? end - point - 1 : 0;
+    if (digits > 2 || text[digits == 0 ? point : end] != 0) return std::nullopt;
+    // More digits may have wrapped around; what stands for them is out of every range.
+    if (point > 3) degrees = 999;
+    const int32_t hundredths = degrees * 100 + (digits == 1 ? fraction * 10 : fraction);
+    return isNegative ? -hundredths : hundredths;
+}
+
+// Tells what is wrong with a coordinate, if anything is.
+const char *readCoordinate(const char *text, int32_t limit, const char *malformed, const char *outOfRange,
+                           int32_t &result) {
+    const std::optional<int32_t> hundredths = readHundredths(text);
+    if (!hundredths) return malformed;
+    if (*hundredths < -limit || *hundredths > limit) return outOfRange;
+    result = *hundredths;
+    return nullptr;
+}
+
+// More than nine digits could wrap around without a sign of it.
+const char *readPopulation(const char *text, int32_t &result) {
+    constexpr int32_t maxDigits = 9;
+    int32_t digits = 0;
+    while (TQANSI_isdigit(text[digits])) ++digits;
+    if (text[digits] != 0) return "population is no number";
+    if (digits > maxDigits) return "population out of range";
+    result = TQANSI_atoi(text);
+    return nullptr;
+}
+
+}  // namespace
+
+const char *readRecord(const char *line, Record &record) {
+    if (!isPrintable(line)) return "control character";
+    Fields fields{};
+    const char *reason = splitLine(line, fields);
+    if (reason == nullptr) {
+        reason =
+            readCoordinate(fields[3].data(), 9000, "latitude is no number", "latitude out of range", record.latitude);
+    }
+    if (reason == nullptr) {
+        reason = readCoordinate(fields[4].data(), 18000, "longitude is no number", "longitude out of range",
+                                record.longitude);
+    }
+    if (reason == nullptr) reason = readPopulation(fields[5].data(), record.population);
+    if (reason != nullptr) return reason;
+    record.ownName = fields[0];
+    record.name = fields[1];
+    record.country = fields[2];
+    copyPlain(record.plainName.data(), record.name.data());
+    copyPlain(record.plainCountry.data(), record.country.data());
+    return nullptr;
+}

@@ -1,0 +1,87 @@
+#include "text_file.h"
+
+#include <strlib.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+namespace {
+
+constexpr size_t chunkSize = 65536;
+// Keeps endless input out, and every position far below what a 32-bit integer holds.
+constexpr size_t maxFileSize = size_t{16} << 20;
+
+struct Closer {
+    void operator()(std::FILE *file) const { std::fclose(file); }
+};
+
+const char *readBytes(const char *path, std::vector<char> &bytes) {
+    const std::unique_ptr<std::FILE, Closer> file(std::fopen(path, "rb"));
+    if (!file) return std::strerror(errno);
+    for (size_t count = chunkSize; count == chunkSize && bytes.size() <= maxFileSize;) {
+        const size_t size = bytes.size();
+        bytes.resize(size + chunkSize);
+        count = std::fread(bytes.data() + size, 1, chunkSize, file.get());
+        if (std::ferror(file.get())) return std::strerror(errno);
+        bytes.resize(size + count);
+    }
+    if (bytes.empty()) return "empty file";
+    return bytes.size() <= maxFileSize ? nullptr : "larger than 16 MiB";
+}
+
+int32_t lineAt(const char *text, const char *position) {
+    int32_t line = 1;
+    while ((text = static_cast<const char *>(TQANSI_memchr(text, '\n', static_cast<uint32_t>(position - text)))) !=
+           nullptr) {
+        ++line;
+        ++text;
+    }
+    return line;
+}
+
+const char *lineEnd(const char *at) {
+    const char *const feed = TQANSI_strchr(at, '\n');
+    return feed != nullptr ? feed : at + TQANSI_strlen(at);
+}
+
+// The routine that takes lines drops every carriage return; only one right before the line's end may be dropped.
+bool hasStrayReturn(const char *line, const char *end) {
+    const void *const found = TQANSI_memchr(line, '\r', static_cast<uint32_t>(end - line));
+    return found != nullptr && found != end - 1;
+}
+
+const char *behindByteOrderMark(const char *text) {
+    const char *const mark = "\uFEFF";
+    const int32_t length = TQANSI_strlen(mark);
+    return TQANSI_strncmp(text, mark, length) == 0 ? text + length : text;
+}
+
+}  // namespace
+
+std::optional<Problem> readTextFile(const char *path, std::vector<char> &text) {
+    text.clear();
+    if (const char *const reason = readBytes(path, text)) return Problem{0, reason};
+    const void *const nul = TQANSI_memchr(text.data(), 0, static_cast<uint32_t>(text.size()));
+    if (nul != nullptr) return Problem{lineAt(text.data(), static_cast<const char *>(nul)), "NUL byte in the file"};
+    text.push_back(0);
+    return std::nullopt;
+}
+
+LineReader::LineReader(const char *text) : at_(behindByteOrderMark(text)) {}
+
+bool LineReader::next() {
+    if (at_ == nullptr) return false;
+    ++number_;
+    const char *end = at_ + X_TAMBRO_gets(line_, maxLength + 1, at_);
+    problem_ = nullptr;
+    if (TQANSI_strlen(line_) > maxLength) {
+        problem_ = "line too long";
+        end = lineEnd(end);
+    } else if (hasStrayReturn(at_, end)) {
+        problem_ = "carriage return inside the line";
+    }
+    at_ = *end == 0 ? nullptr : end + 1;
+    return true;
+}
