@@ -57,6 +57,10 @@ accepted() {
     expect "line '$1'" "0  1 capital" "$status $(<"$scratch/err") $(grep -o '^1 capital' "$scratch/out")"
 }
 
+run --help
+expect '--help' '0 Usage: gazetteer [OPTION]... FILE' "$status $(<"$scratch/err")$(head -n 1 "$scratch/out")"
+if [[ $failures -gt 0 ]]; then exit 1; fi
+
 run "$examples/capitals.txt" --prefix t --sort population
 expect 'the expected table' '' "$(diff "$examples/expected_table.txt" "$scratch/out" 2>&1)"
 
