@@ -1,0 +1,5 @@
+#include <strlib.h>
+
+int32_t wrappedLength(const char *string);
+
+int32_t wrappedLength(const char *string) { return TQANSI_strlen(string); }
