@@ -71,7 +71,12 @@ def summary(costs, targets, build):
     for key, target in targets.items():
         missed += best_peer(costs[key], target["peer"]) / costs[key]["ours"] < float(target[build])
     yield f"{missed} of {len(targets)} targets are missed."
-    slower = [f"`{key[0]}` ({key[1]})" for key, cost in costs.items() if cost["ours"] > 1.1 * cost.get("plain", math.inf)]
+    yield ""
+    slower = [
+        f"`{routine}` ({workload})"
+        for (routine, workload), cost in costs.items()
+        if cost["ours"] > 1.1 * cost.get("plain", math.inf)
+    ]
     yield f"More than 10 % above the plain loop: {', '.join(slower) or 'nothing'}."
 
 
@@ -88,17 +93,19 @@ def document(costs, targets):
     yield ""
     yield "Instructions a call, counted exactly by an emulator; `script/bench-armv7` writes this file."
     yield ""
-    yield f"- {output_of('arm-linux-gnueabihf-g++', '--version')}, `-O2 -mthumb`, hard float; {output_of('qemu-arm', '--version')}"
-    yield f"- glibc {version_of('libc6-dev-armhf-cross')}, static; newlib {version_of('libnewlib-arm-none-eabi')}, `thumb/v7-a+fp/hard` and `thumb/v7-a+simd/hard`"
+    yield f"- {output_of('arm-linux-gnueabihf-g++', '--version')}, `-O2 -mthumb`, hard float"
+    yield f"- {output_of('qemu-arm', '--version')}"
+    yield f"- glibc {version_of('libc6-dev-armhf-cross')}, static"
+    yield f"- newlib {version_of('libnewlib-arm-none-eabi')}, `thumb/v7-a+fp/hard` and `thumb/v7-a+simd/hard`"
     yield "- The call and the return count, what the caller does before and after them does not. An instruction that its"
     yield "  condition suppresses counts."
     yield "- *mix* is 512 texts of 0 to 32 bytes at any alignment; a number is that many bytes at the alignments 0 to 7."
     yield "  Half of the mixed texts have the byte sought, half of the mixed pairs differ."
     yield "- *peer / ours* takes the better C library, or the plain loop where no C library has such a routine and for"
     yield "  `TQANSI_atoi`. Above 1 ours takes fewer instructions."
-    yield "- Where a C library has no routine of the kind, its column is what a caller writes with it: `strnlen` and `memcpy`"
-    yield "  for the bounded copy, `strspn` and `strcspn` for tokens and blanks, `memchr` and `memcpy` for lines, `snprintf`"
-    yield "  for `TQANSI_itoa`."
+    yield "- Where a C library has no routine of the kind, its column is what a caller writes with it: `strnlen` and"
+    yield "  `memcpy` for the bounded copy, `strspn` and `strcspn` for tokens and blanks, `memchr` and `memcpy` for lines,"
+    yield "  `snprintf` for `TQANSI_itoa`."
     yield "- glibc chooses `memchr` and `memcpy` at run time and takes the NEON ones in both tables."
     for build in BUILDS:
         yield ""
