@@ -125,7 +125,7 @@ skipped 'population is no number' 'Roma;Rome;Italy;41.89;12.48;2,748,000'
 skipped 'population is no number' 'Roma;Rome;Italy;41.89;12.48;-1'
 skipped 'population out of range' 'Roma;Rome;Italy;41.89;12.48;4297715296'
 
-accepted 'Pole Nord Arctic 90.00°N 180.00°W 0' '\xEF\xBB\xBF# byte order mark\n Nord ; Pole ; Arctic ; 90 ; -180.00 ; 0 '
+accepted 'Pole Nord Arctic 90.00°N 180.00°W 0' '\xEF\xBB\xBF# mark\n Nord ; Pole ; Arctic ; 90 ; -180.00 ; 0 '
 accepted 'Rome Roma Italy 0.50°S 9.05°E 999,999,999' 'Roma;Rome;Italy;-0.5;09.05;999999999'
 accepted 'Rome Roma Italy 41.89°N 12.48°E 2,748,000' "# $(printf '%0509d' 0)\r\n$good"
 
