@@ -3,6 +3,7 @@
 Doxygen's own manual pages are one to a family, under names such as search(3) that belong to others.
 """
 
+import re
 import sys
 import textwrap
 import xml.etree.ElementTree as ElementTree
@@ -22,8 +23,11 @@ def inline(node):
     text = escaped(node.text)
     for child in node:
         if child.tag not in BLOCKS:
+            inner = inline(child)
+            if child.tag == "computeroutput":
+                inner = re.sub("  +", lambda blanks: r"\ " * len(blanks[0]), inner)
             font = FONTS.get(child.tag)
-            text += rf"\f{font}{inline(child)}\fR" if font else inline(child)
+            text += rf"\f{font}{inner}\fR" if font else inner
         text += escaped(child.tail)
     return text
 
