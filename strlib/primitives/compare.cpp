@@ -4,6 +4,9 @@
 
 using namespace strlib;
 
+// The counter of folded comparisons has 16 bits and never reaches a larger count, which then bounds nothing.
+static constexpr int32_t largestFoldedCount = 0xFFFF;
+
 int32_t TQANSI_strcmp(const char *first, const char *second) {
     if (first == nullptr || second == nullptr) return 0;
     return compareStrings<Exact>(bytesOf(first), bytesOf(second));
@@ -20,8 +23,7 @@ int32_t TQANSI_stricmp(const char *first, const char *second) {
 
 int32_t TQANSI_strnicmp(const char *first, const char *second, int32_t count) {
     if (first == nullptr || second == nullptr) return 0;
-    // Callers count on the classic 16-bit counter: it never reaches a larger count, which then bounds nothing.
-    if (count > UINT16_MAX) return compareStrings<Folded>(bytesOf(first), bytesOf(second));
+    if (count > largestFoldedCount) return compareStrings<Folded>(bytesOf(first), bytesOf(second));
     return compareUpTo<Folded>(bytesOf(first), bytesOf(second), positionsToCompare(count));
 }
 

@@ -1,0 +1,50 @@
+#!/usr/bin/env bash
+# Audits the archive's boundary: audit.sh ARCHIVE HEADER NM READELF [STACK_USAGE_DIRECTORY]
+set -euo pipefail
+export LC_ALL=C
+
+archive=$1 header=$2 nm=$3 readelf=$4 stackUsage=${5:-}
+stackLimit=512
+# The calls between routines that are part of the design; everything else is a leaf.
+allowedCalls='find_string:TQANSI_strnicmp formatted_input:TQANSI_atoi formatted_output:TQANSI_atoi
+formatted_output:TQANSI_itoa'
+failures=0
+
+same() {
+    local differences
+    if ! differences=$(diff <(echo "$2") <(echo "$3")); then
+        echo "$1:" && echo "$differences"
+        failures=$((failures + 1))
+    fi
+}
+
+declared=$(grep -oE '\b(TQ_|TQANSI_|X_TAMBRO_|utf8|unicodeTo|customS|string_operator_)[A-Za-z0-9_]*\(' "$header" |
+    grep -vE '^TQANSI_[a-z]*\(\)$' | tr -d '(' | sort -u)
+same "number of routines" 38 "$(wc -l <<<"$declared")"
+
+symbols=$("$nm" -A "$archive" | sed -E 's/^[^:]*:([^:]*)\.cpp\.o(bj)?:/\1 /')
+defined=$(awk '$3 ~ /^[A-TV-Z]$/ {print $4}' <<<"$symbols" | sort)
+imported=$(awk '$2 == "U" {print $3}' <<<"$symbols" | sort -u)
+same "exports are exactly the routines declared" "$declared" "$defined"
+same "imports are exactly memset" memset "$(comm -23 <(echo "$imported") <(echo "$defined"))"
+same "calls between routines" "$(tr ' ' '\n' <<<"$allowedCalls")" \
+    "$(awk '$2 == "U" && $3 != "memset" {print $1 ":" $3}' <<<"$symbols" | sort -u)"
+
+elf=$("$readelf" -W -s "$archive")
+same "every routine is hidden" 38 "$(grep -c 'GLOBAL HIDDEN *[0-9]' <<<"$elf")"
+
+# Name and size of what would make the library keep state or run before main.
+sections=$("$readelf" -W -S "$archive" | sed -nE 's/^ *\[ *[0-9]+\] (\S+) +\S+ +\S+ +\S+ +(\S+) .*/\1 \2/p' |
+    grep -E '^\.(data|bss|tdata|tbss|init|fini|ctors|dtors|init_array|fini_array|preinit_array)' |
+    awk '$2 !~ /^0+$/' || true)
+same "sections that hold state or start-up code" "" "$sections"
+
+if [[ -n $stackUsage ]]; then
+    frames=$(find "$stackUsage" -name '*.su' -exec cat {} +)
+    [[ -n $frames ]] || { echo "no stack usage was recorded" && failures=$((failures + 1)); }
+    same "frames that are not static or above $stackLimit bytes" "" \
+        "$(awk -F'\t' -v limit=$stackLimit '$3 != "static" || $2 > limit' <<<"$frames")"
+    echo "greatest stack frame: $(sort -t$'\t' -k2 -n <<<"$frames" | tail -1 | awk -F'\t' '{print $2 " bytes, " $1}')"
+fi
+echo "$(wc -l <<<"$defined") routines exported, imports: $imported" | tr '\n' ' ' && echo
+exit $((failures > 0))

@@ -1,0 +1,114 @@
+#ifndef TESTS_SUPPORT_CHOICES_H
+#define TESTS_SUPPORT_CHOICES_H
+
+// A property draws its inputs from a source of choices. The same property is then driven through every small input by
+// an Enumeration, through long ones by a Random source, and through whatever finds new code by a fuzzer's bytes.
+
+#include <cstdint>
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tests {
+
+// Where the bytes of an argument lie: right before or right behind a page that no one may touch, or between.
+struct Placement {
+    enum { atEnd, atStart, between } where;
+    uint32_t alignment;
+};
+
+class Choices {
+public:
+    virtual ~Choices() = default;
+
+    virtual uint32_t below(uint32_t bound) = 0;
+    virtual Placement placement() = 0;
+
+    // A text over the alphabet; up to `depth` bytes (a little more or less by the depth of the run) where all are
+    // tried.
+    virtual std::string text(std::string_view alphabet, uint32_t depth) = 0;
+
+    bool flag() { return below(2) != 0; }
+    int32_t between(int32_t first, int32_t last) {
+        return first + static_cast<int32_t>(below(static_cast<uint32_t>(last - first + 1)));
+    }
+    template <class Values>
+    auto pick(const Values &values) {
+        return std::data(values)[below(static_cast<uint32_t>(std::size(values)))];
+    }
+};
+
+// -1 for slow targets, 0 for every day, 1 and more for long runs.
+inline int depthShift() {
+    static const int shift = [] {
+        const char *const depth = std::getenv("STRLIB_TEST_DEPTH");
+        return depth == nullptr ? 0 : std::atoi(depth);
+    }();
+    return shift;
+}
+
+// Every sequence of choices in turn: an odometer whose wheels appear as the property asks for them.
+class Enumeration : public Choices {
+public:
+    uint32_t below(uint32_t bound) override {
+        if (next_ == wheels_.size()) wheels_.push_back({0, bound});
+        return wheels_[next_++].value;
+    }
+    Placement placement() override { return {Placement::atEnd, 0}; }
+    std::string text(std::string_view alphabet, uint32_t depth) override {
+        const int longest = static_cast<int>(depth) + depthShift();
+        std::string text(below(static_cast<uint32_t>(longest > 1 ? longest : 1) + 1), ' ');
+        for (char &byte : text) byte = pick(alphabet);
+        return text;
+    }
+
+    bool advance() {
+        next_ = 0;
+        while (!wheels_.empty() && ++wheels_.back().value == wheels_.back().bound) wheels_.pop_back();
+        return !wheels_.empty();
+    }
+
+private:
+    struct Wheel {
+        uint32_t value;
+        uint32_t bound;
+    };
+    std::vector<Wheel> wheels_;
+    size_t next_ = 0;
+};
+
+// Long texts, half of them over all byte values, with long stretches that are alike so that comparisons get far.
+class Stream : public Choices {
+public:
+    Placement placement() override { return {static_cast<decltype(Placement::where)>(below(3)), below(32)}; }
+    std::string text(std::string_view alphabet, uint32_t) override {
+        static constexpr uint32_t longest[] = {3, 12, 40, 200};
+        std::string text(below(pick(longest) + 1), '\0');
+        const uint32_t manner = below(4);
+        const char repeated = pick(alphabet);
+        for (char &byte : text) {
+            if (manner == 0)
+                byte = static_cast<char>(1 + below(255));
+            else if (manner == 1 || below(16) == 0)
+                byte = pick(alphabet);
+            else
+                byte = repeated;
+        }
+        return text;
+    }
+};
+
+class Random : public Stream {
+public:
+    explicit Random(uint32_t seed) : engine_(seed) {}
+    uint32_t below(uint32_t bound) override { return static_cast<uint32_t>(engine_() % bound); }
+
+private:
+    std::mt19937 engine_;
+};
+
+}  // namespace tests
+
+#endif

@@ -1,0 +1,84 @@
+#ifndef TESTS_SUPPORT_MEMORY_H
+#define TESTS_SUPPORT_MEMORY_H
+
+// Arguments between no-access pages: a byte read or written outside faults, one written inside where the contract does
+// not allow it is found by comparing everything around.
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "choices.h"
+
+namespace tests {
+
+class Region {
+public:
+    Region() : page_(static_cast<size_t>(sysconf(_SC_PAGESIZE))), size_(16 * page_) {
+        void *const all = mmap(nullptr, size_ + 2 * page_, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        if (all == MAP_FAILED) throw std::runtime_error("mmap failed");
+        start_ = static_cast<char *>(all) + page_;
+        if (mprotect(start_, size_, PROT_READ | PROT_WRITE) != 0) throw std::runtime_error("mprotect failed");
+        std::memset(start_, filler, size_);
+    }
+
+    // Room for so many bytes, all of them and those around holding the filler.
+    char *room(size_t size, Placement placement) {
+        char *const at = placement.where == Placement::atEnd     ? start_ + size_ - size
+                         : placement.where == Placement::atStart ? start_
+                                                                 : start_ + page_ + placement.alignment;
+        clear();
+        first_ = std::max(start_, at - margin);
+        last_ = std::min(start_ + size_, at + size + margin);
+        std::memset(first_, filler, static_cast<size_t>(last_ - first_));
+        return at_ = at;
+    }
+
+    char *place(std::string_view bytes, Placement placement) {
+        char *const at = room(bytes.size(), placement);
+        std::memcpy(at, bytes.data(), bytes.size());
+        return at;
+    }
+
+    // Whether the room holds these bytes and everything around and behind them is still filler.
+    bool holds(std::string_view bytes) const {
+        const char *const end = at_ + bytes.size();
+        const auto isFiller = [](const char *first, const char *last) {
+            while (first < last && *first == filler) ++first;
+            return first >= last;
+        };
+        return std::string_view(at_, bytes.size()) == bytes && isFiller(first_, at_) && isFiller(end, last_);
+    }
+
+    std::string content() const { return {at_, static_cast<size_t>(last_ - at_)}; }
+
+    static constexpr char filler = '\xA5';
+
+private:
+    static constexpr ptrdiff_t margin = 48;
+
+    void clear() {
+        if (first_ != nullptr) std::memset(first_, filler, static_cast<size_t>(last_ - first_));
+    }
+
+    size_t page_;
+    size_t size_;
+    char *start_;
+    char *at_ = nullptr;
+    char *first_ = nullptr;
+    char *last_ = nullptr;
+};
+
+inline Region &region(int index) {
+    static Region regions[4];
+    return regions[index];
+}
+
+}  // namespace tests
+
+#endif
