@@ -1,4 +1,4 @@
-# Draws $ratios, lines of row, routine, baseline ratio, v3 ratio and whether the workload is a mix of short texts.
+# Draws $ratios, lines of row, routine, baseline ratio, v3 ratio and whether the inputs are short.
 # Takes output and routines, the number of rows.
 set terminal svg size 900, 120 + 20 * routines font "sans-serif,13" background rgb "white"
 set output output
@@ -6,12 +6,12 @@ set output output
 set title "Time of the fastest peer divided by ours: right of the line ours is faster"
 set logscale x
 set xtics nomirror format "%g"
-set xtics (0.01, 0.02, 0.05, 0.1, 0.2, 0.5, 1, 2, 5, 10, 20, 50, 100)
+set xtics (0.001, 0.002, 0.005, 0.01, 0.02, 0.05, 0.1, 0.2, 0.5, 1, 2, 5, 10, 20, 50, 100)
 set yrange [routines - 0.4 : -0.6]
-set ytics scale 0
+set ytics scale 0 noenhanced
 set border 0
 set grid xtics lw 1 lc rgb "#dddddd"
-set key outside bottom center horizontal
+set key outside bottom center horizontal maxcols 2 Left reverse noenhanced
 set lmargin 22
 set arrow from first 1, graph 0 to first 1, graph 1 nohead lw 2 lc rgb "#444444" back
 
@@ -23,7 +23,7 @@ do for [row = 0 : routines - 1 : 2] {
 
 baseline = "#1f6fb4"
 v3 = "#d9600a"
-plot $ratios using ($5 == 1 ? $3 : NaN):($1 - 0.2):ytic(2) with points pt 7 ps 0.6 lc rgb baseline title "-O2, mix", \
-     $ratios using ($5 == 1 ? NaN : $3):($1 - 0.2) with points pt 6 ps 0.5 lc rgb baseline title "other workloads", \
-     $ratios using ($5 == 1 ? $4 : NaN):($1 + 0.2) with points pt 7 ps 0.6 lc rgb v3 title "-march=x86-64-v3, mix", \
-     $ratios using ($5 == 1 ? NaN : $4):($1 + 0.2) with points pt 6 ps 0.5 lc rgb v3 title "other workloads"
+plot $ratios using ($5 == 1 ? $3 : NaN):($1 - 0.2):ytic(2) with points pt 7 ps 0.6 lc rgb baseline title "-O2: short inputs", \
+     $ratios using ($5 == 1 ? NaN : $3):($1 - 0.2) with points pt 6 ps 0.55 lw 1.4 lc rgb baseline title "64 bytes and more", \
+     $ratios using ($5 == 1 ? $4 : NaN):($1 + 0.2) with points pt 7 ps 0.6 lc rgb v3 title "-O2 -march=x86-64-v3: short inputs", \
+     $ratios using ($5 == 1 ? NaN : $4):($1 + 0.2) with points pt 6 ps 0.55 lw 1.4 lc rgb v3 title "64 bytes and more"

@@ -1,6 +1,7 @@
 #include <strings.h>
 #include <strlib.h>
 
+#include <algorithm>
 #include <cctype>
 #include <cstring>
 #include <initializer_list>
@@ -12,8 +13,6 @@ namespace {
 
 constexpr char sought = '#';
 constexpr std::initializer_list<std::size_t> shortAndLong{mix, 64, 256, 4096};
-
-uint32_t length(int32_t count) { return static_cast<uint32_t>(count); }
 
 bool once(Workload &workload, int32_t in) { return workload.random(in) == 0; }
 
@@ -35,7 +34,7 @@ void fillBounded(Workload &workload, std::size_t size, Case &each) {
 void fillAppended(Workload &workload, std::size_t size, Case &each) {
     fillBounded(workload, size, each);
     each.value = workload.random(17);
-    each.destination = workload.second(prose(workload, length(each.value)), 32 + size);
+    each.destination = workload.second(prose(workload, static_cast<std::size_t>(each.value)), 32 + size);
 }
 
 /** Each case gets the place where the case before it appended, to cut that string short again: not its own, which
@@ -55,7 +54,7 @@ Workloads inTurn(const Workloads &workloads) {
 void fillPair(Workload &workload, std::size_t size, Case &each) {
     const std::string text = prose(workload, size);
     std::string other = text;
-    if (size > 0 && size <= 32 && once(workload, 2)) other[length(workload.random(static_cast<int32_t>(size)))] = '~';
+    if (size > 0 && size <= 32 && once(workload, 2)) other[workload.random(size)] = '~';
     each.text = workload.source(text);
     each.other = workload.second(other);
     each.count = static_cast<int32_t>(size);
@@ -73,21 +72,22 @@ void fillFoldedPair(Workload &workload, std::size_t size, Case &each) {
 }
 
 /** The bytes sought stand at a random place of the short texts, if at all, and at the end of the long ones. */
-void fillSought(Workload &workload, std::size_t size, Case &each, char byte = sought) {
+void placeSought(Workload &workload, std::size_t size, Case &each, char byte) {
     std::string text = prose(workload, size);
     if (size > 32) text.back() = byte;
-    if (size > 0 && size <= 32 && !once(workload, 4)) text[length(workload.random(static_cast<int32_t>(size)))] = byte;
+    if (size > 0 && size <= 32 && !once(workload, 4)) text[workload.random(size)] = byte;
     each.text = workload.source(text);
     each.count = static_cast<int32_t>(size);
     each.value = byte;
 }
 
+void fillSought(Workload &workload, std::size_t size, Case &each) { placeSought(workload, size, each, sought); }
+
 /** As in paths: the byte sought stands at several places, of which the last is near the end. */
 void fillSoughtLast(Workload &workload, std::size_t size, Case &each) {
     std::string text = prose(workload, size);
-    const auto tail = static_cast<int32_t>(size < 32 ? size : 32);
     for (std::size_t at = 20; at < size; at += 100) text[at] = sought;
-    if (size > 0 && !once(workload, 4)) text[size - 1 - length(workload.random(tail))] = sought;
+    if (size > 0 && !once(workload, 4)) text[size - 1 - workload.random(std::min<std::size_t>(size, 32))] = sought;
     each.text = workload.source(text);
     each.value = sought;
 }
@@ -99,48 +99,57 @@ void fillAbsent(Workload &workload, std::size_t size, Case &each) {
 
 Fill fillSet(const char *set) {
     return [=](Workload &workload, std::size_t size, Case &each) {
-        const auto members = static_cast<int32_t>(std::strlen(set));
-        fillSought(workload, size, each, set[length(workload.random(members))]);
-        each.other = workload.second(set);
+        placeSought(workload, size, each, set[workload.random(std::strlen(set))]);
+        // One set for all, as it is mostly a literal.
+        char *const first = workload.cases.front().other;
+        each.other = first == nullptr ? workload.second(set) : first;
     };
 }
 
 void fillBlanks(Workload &workload, std::size_t size, Case &each) {
     std::string text(size, ' ');
-    for (char &blank : text) blank = " \t\r\n"[length(workload.random(4))];
+    for (char &blank : text) blank = " \t\r\n"[workload.random(4)];
     if (size > 0 && size <= 32 && once(workload, 2)) text.back() = 'x';
     each.text = workload.source(text);
 }
 
-/** Haystacks and needles in which the needle stands at the end of the text, or not at all. */
-Workloads substrings(bool anyCase) {
+std::string exactCase(Workload &, std::string text) { return text; }
+
+/** Haystacks and needles; those of prose and the long ones are found at the very end, if at all. */
+Workloads substrings(std::string (*written)(Workload &, std::string)) {
     const auto place = [=](Workload &workload, Case &each, const std::string &text, const std::string &needle) {
-        each.text = workload.source(anyCase ? withRandomCase(workload, text) : text);
-        each.other = workload.second(anyCase ? withRandomCase(workload, needle) : needle);
+        each.text = workload.source(written(workload, text));
+        each.other = workload.second(written(workload, needle));
     };
-    const auto repeat = [](std::size_t times, const std::string &piece) {
-        std::string text;
-        while (times-- > 0) text += piece;
-        return text;
+    const Fill shortProse = [=](Workload &workload, std::size_t size, Case &each) {
+        place(workload, each, prose(workload, size) + (once(workload, 2) ? "the" : ""), "the");
     };
-    const Fill inProse = [=](Workload &workload, std::size_t size, Case &each) {
-        static constexpr const char *needles[] = {"thereafter", "instead", "on a whim", "zenith"};
-        const std::string needle = size <= 32 ? "the" : needles[workload.random(4)];
-        place(workload, each, prose(workload, size) + (size <= 32 && once(workload, 2) ? "" : needle), needle);
+    const auto longProse = [=](std::size_t size, std::size_t count) {
+        return repeated("prose-" + std::to_string(size), count, [=](Workload &workload, Case &each) {
+            static constexpr const char *needles[] = {"thereafter", "instead", "on a whim", "zenith"};
+            const std::string needle = needles[&each - workload.cases.data()];
+            place(workload, each, prose(workload, size - needle.size()) + needle, needle);
+        });
     };
-    return joined({sized(inProse, {mix, 256, 4096, 65536}, "prose-"),
-                   repeated("long-needle-16384", 2,
-                            [=](Workload &workload, Case &each) {
-                                const std::string text = prose(workload, 16384);
-                                place(workload, each, text, text.substr(text.size() - 1000));
-                            }),
-                   repeated("periodic-4096", 2,
-                            [=](Workload &workload, Case &each) {
-                                place(workload, each, std::string(4096, 'a') + 'b', std::string(31, 'a') + 'b');
-                            }),
-                   repeated("adversarial-4096", 2, [=](Workload &workload, Case &each) {
-                       place(workload, each, repeat(64, std::string(63, 'a') + 'b'), std::string(64, 'a'));
-                   })});
+    const auto longNeedle = [=](Workload &workload, Case &each) {
+        const std::string text = prose(workload, 16384);
+        place(workload, each, text, text.substr(text.size() - 1000));
+    };
+    const auto periodic = [=](Workload &workload, Case &each) {
+        place(workload, each, std::string(4095, 'a') + 'b', std::string(31, 'a') + 'b');
+    };
+    const auto adversarial = [=](Workload &workload, Case &each) {
+        std::string text(4096, 'a');
+        for (std::size_t at = 63; at < text.size(); at += 64) text[at] = 'b';
+        place(workload, each, text, std::string(64, 'a'));
+    };
+    return joined({sized(shortProse, {mix}, "prose-"), longProse(256, 4), longProse(4096, 4), longProse(65536, 2),
+                   repeated("long-needle-16384", 2, longNeedle), repeated("periodic-4096", 2, periodic),
+                   repeated("adversarial-4096", 2, adversarial)});
+}
+
+void fillInPlace(Workload &workload, std::size_t size, Case &each) {
+    each.destination = workload.second(withRandomCase(workload, prose(workload, size)));
 }
 
 struct Tables {
@@ -155,142 +164,84 @@ struct Tables {
 };
 const Tables tables;
 
+char *copyBounded(char *destination, const char *source, std::size_t count) {
+    if (memccpy(destination, source, 0, count) == nullptr) destination[count] = 0;
+    return destination;
+}
+
 void enterCopying() {
     const Workloads texts = sized(fillText);
     const Workloads bounded = sized(fillBounded, shortAndLong);
     const Workloads appended = inTurn(sized(fillAppended, shortAndLong));
-    contest(
-        "TQANSI_strlen", texts, [](const Case &c) { return TQANSI_strlen(c.text); },
-        Contender{"strlen", [](const Case &c) { return static_cast<int32_t>(strlen(c.text)); }});
-    contest(
-        "TQANSI_strcpy", texts, [](const Case &c) { return TQANSI_strcpy(c.destination, c.text); },
-        Contender{"strcpy", [](const Case &c) { return strcpy(c.destination, c.text); }});
-    contest(
-        "TQ_strappend", texts, [](const Case &c) { return TQ_strappend(c.destination, c.text); },
-        Contender{"stpcpy", [](const Case &c) { return stpcpy(c.destination, c.text); }});
-    contest(
-        "TQANSI_memset", texts, [](const Case &c) { return TQANSI_memset(c.destination, c.value, length(c.count)); },
-        Contender{"memset", [](const Case &c) { return memset(c.destination, c.value, length(c.count)); }});
-    contest(
-        "TQANSI_strncpy", bounded, [](const Case &c) { return TQANSI_strncpy(c.destination, c.text, c.count); },
-        Contender{"strncpy",
-                  [](const Case &c) {
-                      strncpy(c.destination, c.text, length(c.count))[c.count] = 0;
-                      return c.destination;
-                  }},
-        Contender{"memccpy", [](const Case &c) {
-                      const void *const end = memccpy(c.destination, c.text, 0, length(c.count));
-                      if (end == nullptr) c.destination[c.count] = 0;
-                      return c.destination;
-                  }});
-    contest(
-        "TQANSI_strcat", appended,
-        [](const Case &c) {
-            *c.other = 0;
-            return TQANSI_strcat(c.destination, c.text);
-        },
-        Contender{"strcat", [](const Case &c) {
-                      *c.other = 0;
-                      return strcat(c.destination, c.text);
-                  }});
-    contest(
-        "TQANSI_strncat", appended,
-        [](const Case &c) {
-            *c.other = 0;
-            return TQANSI_strncat(c.destination, c.text, c.count);
-        },
-        Contender{"strncat", [](const Case &c) {
-                      *c.other = 0;
-                      return strncat(c.destination, c.text, length(c.count));
-                  }});
+    contest("TQANSI_strlen", texts, CALL(TQANSI_strlen(c.text)), Peer{"strlen", CALL(strlen(c.text))});
+    contest("TQANSI_strcpy", texts, CALL(TQANSI_strcpy(c.destination, c.text)),
+            Peer{"strcpy", CALL(strcpy(c.destination, c.text))});
+    contest("TQANSI_strncpy", bounded, CALL(TQANSI_strncpy(c.destination, c.text, c.count)),
+            Peer{"strncpy", CALL(strncpy(c.destination, c.text, c.size())[c.count] = 0, c.destination)},
+            Peer{"memccpy", CALL(copyBounded(c.destination, c.text, c.size()))});
+    contest("TQANSI_strcat", appended, CALL(*c.other = 0, TQANSI_strcat(c.destination, c.text)),
+            Peer{"strcat", CALL(*c.other = 0, strcat(c.destination, c.text))});
+    contest("TQANSI_strncat", appended, CALL(*c.other = 0, TQANSI_strncat(c.destination, c.text, c.count)),
+            Peer{"strncat", CALL(*c.other = 0, strncat(c.destination, c.text, c.size()))});
+    contest("TQ_strappend", texts, CALL(TQ_strappend(c.destination, c.text)),
+            Peer{"stpcpy", CALL(stpcpy(c.destination, c.text))});
+    contest("TQANSI_memset", texts, CALL(TQANSI_memset(c.destination, c.value, c.size())),
+            Peer{"memset", CALL(memset(c.destination, c.value, c.size()))});
 }
 
 void enterComparison() {
     const Workloads pairs = sized(fillPair);
     const Workloads bounded = sized(fillBoundedPair, shortAndLong);
     const Workloads folded = sized(fillFoldedPair, shortAndLong);
-    contest(
-        "TQANSI_strcmp", pairs, [](const Case &c) { return Order{TQANSI_strcmp(c.text, c.other)}; },
-        Contender{"strcmp", [](const Case &c) { return Order{strcmp(c.text, c.other)}; }});
-    contest(
-        "TQANSI_strncmp", bounded, [](const Case &c) { return Order{TQANSI_strncmp(c.text, c.other, c.count)}; },
-        Contender{"strncmp", [](const Case &c) { return Order{strncmp(c.text, c.other, length(c.count))}; }});
-    contest(
-        "TQANSI_memcmp", pairs, [](const Case &c) { return Order{TQANSI_memcmp(c.text, c.other, length(c.count))}; },
-        Contender{"memcmp", [](const Case &c) { return Order{memcmp(c.text, c.other, length(c.count))}; }});
-    contest(
-        "TQANSI_stricmp", folded, [](const Case &c) { return Order{TQANSI_stricmp(c.text, c.other)}; },
-        Contender{"strcasecmp", [](const Case &c) { return Order{strcasecmp(c.text, c.other)}; }});
-    contest(
-        "TQANSI_strnicmp", folded, [](const Case &c) { return Order{TQANSI_strnicmp(c.text, c.other, c.count)}; },
-        Contender{"strncasecmp", [](const Case &c) { return Order{strncasecmp(c.text, c.other, length(c.count))}; }});
-    contest(
-        "customStricmp", folded, [](const Case &c) { return customStricmp(c.text, c.other, tables.folded); },
-        Contender{"plain", [](const Case &c) { return plain::compareCollated(c.text, c.other, tables.folded); }});
+    contest("TQANSI_strcmp", pairs, CALL(Order{TQANSI_strcmp(c.text, c.other)}),
+            Peer{"strcmp", CALL(Order{strcmp(c.text, c.other)})});
+    contest("TQANSI_strncmp", bounded, CALL(Order{TQANSI_strncmp(c.text, c.other, c.count)}),
+            Peer{"strncmp", CALL(Order{strncmp(c.text, c.other, c.size())})});
+    contest("TQANSI_stricmp", folded, CALL(Order{TQANSI_stricmp(c.text, c.other)}),
+            Peer{"strcasecmp", CALL(Order{strcasecmp(c.text, c.other)})});
+    contest("TQANSI_strnicmp", folded, CALL(Order{TQANSI_strnicmp(c.text, c.other, c.count)}),
+            Peer{"strncasecmp", CALL(Order{strncasecmp(c.text, c.other, c.size())})});
+    contest("customStricmp", folded, CALL(customStricmp(c.text, c.other, tables.folded)),
+            Peer{"plain", CALL(plain::compareCollated(c.text, c.other, tables.folded))});
+    contest("TQANSI_memcmp", pairs, CALL(Order{TQANSI_memcmp(c.text, c.other, c.size())}),
+            Peer{"memcmp", CALL(Order{memcmp(c.text, c.other, c.size())})});
 }
 
 void enterSearch() {
-    const Fill any = [](Workload &workload, std::size_t size, Case &each) { fillSought(workload, size, each); };
-    contest(
-        "TQANSI_strchr", sized(any), [](const Case &c) { return TQANSI_strchr(c.text, c.value); },
-        Contender{"strchr", [](const Case &c) { return strchr(c.text, c.value); }});
-    contest(
-        "TQANSI_strrchr", joined({sized(fillSoughtLast), sized(fillAbsent, {256, 4096}, "absent-")}),
-        [](const Case &c) { return TQANSI_strrchr(c.text, c.value); },
-        Contender{"strrchr", [](const Case &c) { return strrchr(c.text, c.value); }});
-    contest(
-        "TQANSI_memchr", sized(any), [](const Case &c) { return TQANSI_memchr(c.text, c.value, length(c.count)); },
-        Contender{"memchr", [](const Case &c) { return memchr(c.text, c.value, length(c.count)); }});
-    contest(
-        "TQANSI_strpbrk",
+    const Workloads texts = sized(fillSought);
+    const Workloads sets =
         joined({sized(fillSet("#;"), shortAndLong, "set2-"), sized(fillSet("#;/?"), shortAndLong, "set4-"),
                 sized(fillSet("#;/?:@&=+$,%"), shortAndLong, "set12-"),
-                sized(fillSet("#;/?:@&=+$,%0123456789"), shortAndLong, "set22-")}),
-        [](const Case &c) { return TQANSI_strpbrk(c.text, c.other); },
-        Contender{"strpbrk", [](const Case &c) { return strpbrk(c.text, c.other); }});
-    contest(
-        "TQANSI_strstr", substrings(false), [](const Case &c) { return TQANSI_strstr(c.text, c.other); },
-        Contender{"strstr", [](const Case &c) { return strstr(c.text, c.other); }});
-    contest(
-        "TQ_stristr", substrings(true), [](const Case &c) { return TQ_stristr(c.text, c.other); },
-        Contender{"strcasestr", [](const Case &c) { return strcasestr(c.text, c.other); }});
+                sized(fillSet("#;/?:@&=+$,%0123456789"), shortAndLong, "set22-")});
+    contest("TQANSI_strchr", texts, CALL(TQANSI_strchr(c.text, c.value)),
+            Peer{"strchr", CALL(strchr(c.text, c.value))});
+    contest("TQANSI_strrchr", joined({sized(fillSoughtLast), sized(fillAbsent, {256, 4096}, "absent-")}),
+            CALL(TQANSI_strrchr(c.text, c.value)), Peer{"strrchr", CALL(strrchr(c.text, c.value))});
+    contest("TQANSI_memchr", texts, CALL(TQANSI_memchr(c.text, c.value, c.size())),
+            Peer{"memchr", CALL(memchr(c.text, c.value, c.size()))});
+    contest("TQANSI_strpbrk", sets, CALL(TQANSI_strpbrk(c.text, c.other)),
+            Peer{"strpbrk", CALL(strpbrk(c.text, c.other))});
+    contest("TQANSI_strstr", substrings(exactCase), CALL(TQANSI_strstr(c.text, c.other)),
+            Peer{"strstr", CALL(strstr(c.text, c.other))});
+    contest("TQ_stristr", substrings(withRandomCase), CALL(TQ_stristr(c.text, c.other)),
+            Peer{"strcasestr", CALL(strcasestr(c.text, c.other))});
 }
 
 void enterClasses() {
     const Workloads bytes = repeated("bytes", 2048, [](Workload &workload, Case &each) {
         each = {.count = 1 + workload.random(3), .value = workload.random(256)};
     });
-    const Fill mapped = [](Workload &workload, std::size_t size, Case &each) {
-        each.destination = workload.second(withRandomCase(workload, prose(workload, size)));
-    };
-    contest(
-        "TQANSI_toupper", bytes, [](const Case &c) { return TQANSI_toupper(c.value); },
-        Contender{"toupper", [](const Case &c) { return toupper(c.value); }});
-    contest(
-        "TQANSI_isalpha", bytes, [](const Case &c) { return TQANSI_isalpha(c.value) != 0; },
-        Contender{"isalpha", [](const Case &c) { return isalpha(c.value) != 0; }});
-    contest(
-        "TQANSI_isdigit", bytes, [](const Case &c) { return TQANSI_isdigit(c.value) != 0; },
-        Contender{"isdigit", [](const Case &c) { return isdigit(c.value) != 0; }});
-    contest(
-        "TQ_isAttribute", bytes,
-        [](const Case &c) { return TQ_isAttribute(length(c.count), tables.classes, c.value) != 0; },
-        Contender{"plain",
-                  [](const Case &c) { return plain::hasAttribute(length(c.count), tables.classes, c.value); }});
-    contest(
-        "TQ_isBlankLine", sized(fillBlanks, shortAndLong), [](const Case &c) { return TQ_isBlankLine(c.text) != 0; },
-        Contender{"plain", [](const Case &c) { return plain::isBlank(c.text); }},
-        Contender{"strspn", [](const Case &c) { return c.text[strspn(c.text, " \t\r\n\v\f")] == 0; }});
-    contest(
-        "TQ_convertZstring", sized(mapped, shortAndLong),
-        [](const Case &c) {
-            TQ_convertZstring(tables.swapCase, c.destination);
-            return true;
-        },
-        Contender{"plain", [](const Case &c) {
-                      plain::convert(tables.swapCase, c.destination);
-                      return true;
-                  }});
+    const Workloads words = sized(fillInPlace, shortAndLong);
+    contest("TQANSI_toupper", bytes, CALL(TQANSI_toupper(c.value)), Peer{"toupper", CALL(toupper(c.value))});
+    contest("TQANSI_isalpha", bytes, CALL(TQANSI_isalpha(c.value) != 0), Peer{"isalpha", CALL(isalpha(c.value) != 0)});
+    contest("TQANSI_isdigit", bytes, CALL(TQANSI_isdigit(c.value) != 0), Peer{"isdigit", CALL(isdigit(c.value) != 0)});
+    contest("TQ_isBlankLine", sized(fillBlanks, shortAndLong), CALL(TQ_isBlankLine(c.text) != 0),
+            Peer{"plain", CALL(plain::isBlank(c.text))},
+            Peer{"strspn", CALL(c.text[strspn(c.text, " \t\r\n\v\f")] == 0)});
+    contest("TQ_isAttribute", bytes, CALL(TQ_isAttribute(c.size(), tables.classes, c.value) != 0),
+            Peer{"plain", CALL(plain::hasAttribute(c.size(), tables.classes, c.value))});
+    contest("TQ_convertZstring", words, CALL(TQ_convertZstring(tables.swapCase, c.destination), true),
+            Peer{"plain", CALL(plain::convert(tables.swapCase, c.destination), true)});
 }
 
 }  // namespace

@@ -84,10 +84,10 @@ void enterLinesAndTokens() {
     contest("X_TAMBRO_gets",
             joined({pieces("short", 2048, 0, 60, 0, "\r\n"), pieces("short-lf", 2048, 0, 60, 0, "\n"),
                     pieces("400", 64, 380, 420, 0, "\r\n")}),
-            ourLines, Contender{"memchr+memcpy", memchrLines});
+            ourLines, Peer{"memchr+memcpy", memchrLines});
     const Workloads tokens = joined({pieces("short", 4096, 1, 12, 'x', " "), pieces("long", 128, 100, 300, 'x', ", ")});
-    contest("TQ_strtoken", tokens, ourTokens, Contender{"strspn+strcspn", spannedTokens});
-    contest("TQ_strtoklen", tokens, ourTokenLengths, Contender{"strspn+strcspn", spannedTokens});
+    contest("TQ_strtoken", tokens, ourTokens, Peer{"strspn+strcspn", spannedTokens});
+    contest("TQ_strtoklen", tokens, ourTokenLengths, Peer{"strspn+strcspn", spannedTokens});
 }
 
 uint32_t latin(Workload &workload) {
@@ -103,16 +103,15 @@ uint32_t mixed(Workload &workload) {
     return firsts[workload.random(4)] + static_cast<uint32_t>(workload.random(0x5E));
 }
 
-using CodePoints = uint32_t (*)(Workload &);
 struct Script {
     const char *name;
-    CodePoints next;
+    uint32_t (*next)(Workload &);
 };
 constexpr Script scripts[] = {{"latin", latin}, {"cjk", cjk}, {"mixed", mixed}};
 
-std::string encoded(Workload &workload, CodePoints next, int32_t characters) {
+std::string encoded(Workload &workload, const Script &script, int32_t characters) {
     std::string text;
-    while (characters-- > 0) text += utf8(next(workload));
+    while (characters-- > 0) text += utf8(script.next(workload));
     return text;
 }
 
@@ -163,48 +162,47 @@ int64_t peerReading(const Case &c) {
     return sum;
 }
 
+int32_t peerEncoding(const Case &c) {
+    auto *const bytes = reinterpret_cast<uint8_t *>(c.destination);
+    const auto length = static_cast<int32_t>(utf8proc_encode_char(c.value, bytes));
+    bytes[length] = 0;
+    return length;
+}
+
 void enterCodec() {
+    std::vector<Workloads> texts, codePoints;
     for (const Script &script : scripts) {
-        const Workloads texts = walk(script.name, 4096, [&](Workload &w) { return encoded(w, script.next, 4096); });
-        const Workloads codePoints = repeated(script.name, 2048, [&](Workload &workload, Case &each) {
+        texts.push_back(walk(script.name, 4096, [&](Workload &workload) { return encoded(workload, script, 4096); }));
+        codePoints.push_back(repeated(script.name, 2048, [&](Workload &workload, Case &each) {
             each.value = static_cast<int32_t>(script.next(workload));
             each.destination = workload.second("", 8);
-        });
-        contest(
-            "unicodeToUtf8", codePoints,
-            [](const Case &c) { return unicodeToUtf8(static_cast<uint32_t>(c.value), c.destination); },
-            Contender{"utf8proc", [](const Case &c) {
-                          auto *const bytes = reinterpret_cast<uint8_t *>(c.destination);
-                          const auto length = static_cast<int32_t>(utf8proc_encode_char(c.value, bytes));
-                          bytes[length] = 0;
-                          return length;
-                      }});
-        contest("utf8ToUnicode", texts, ourDecoding, Contender{"utf8proc", peerDecoding});
-        contest("utf8ReadChar", texts, ourReading, Contender{"utf8proc", peerReading});
+        }));
     }
+    contest("unicodeToUtf8", joined(codePoints), CALL(unicodeToUtf8(static_cast<uint32_t>(c.value), c.destination)),
+            Peer{"utf8proc", peerEncoding});
+    contest("utf8ToUnicode", joined(texts), ourDecoding, Peer{"utf8proc", peerDecoding});
+    contest("utf8ReadChar", joined(texts), ourReading, Peer{"utf8proc", peerReading});
 }
 
 /** Texts at whose end a character of the set stands. Many other characters begin with the same byte. */
+Workloads setPlaces(const std::string &name, std::size_t count, int32_t most, const Script &script,
+                    std::u32string_view set) {
+    std::string members;
+    for (const char32_t member : set) members += utf8(member);
+    return repeated(name + script.name, count, [&](Workload &workload, Case &each) {
+        const int32_t characters = most <= 16 ? workload.random(most) : most;
+        each.text = workload.source(encoded(workload, script, characters) + utf8(set[workload.random(set.size())]));
+        each.other = workload.second(members);
+    });
+}
+
 void enterSetSearch() {
-    const auto places = [](const std::string &name, std::size_t count, int32_t most, const Script &script,
-                           std::u32string_view set) {
-        std::string members;
-        for (const char32_t member : set) members += utf8(member);
-        return repeated(name + script.name, count, [=](Workload &workload, Case &each) {
-            const int32_t characters = most <= 16 ? workload.random(most) : most;
-            const char32_t member = set[static_cast<std::size_t>(workload.random(static_cast<int32_t>(set.size())))];
-            each.text = workload.source(encoded(workload, script.next, characters) + utf8(member));
-            each.other = workload.second(members);
-        });
-    };
     constexpr std::u32string_view letters = U"ßöø€";
     constexpr std::u32string_view stops = U"。，！？";
-    contest(
-        "TQANSI_strpbrkUTF8",
-        joined({places("near-", 1024, 16, scripts[0], letters), places("near-", 1024, 16, scripts[1], stops),
-                places("long-", 4, 3600, scripts[0], letters), places("long-", 4, 1365, scripts[1], stops)}),
-        [](const Case &c) { return TQANSI_strpbrkUTF8(c.text, c.other); },
-        Contender{"plain", [](const Case &c) { return plain::findUtf8(c.text, c.other); }});
+    contest("TQANSI_strpbrkUTF8",
+            joined({setPlaces("near-", 1024, 16, scripts[0], letters), setPlaces("near-", 1024, 16, scripts[1], stops),
+                    setPlaces("long-", 4, 3600, scripts[0], letters), setPlaces("long-", 4, 1365, scripts[1], stops)}),
+            CALL(TQANSI_strpbrkUTF8(c.text, c.other)), Peer{"plain", CALL(plain::findUtf8(c.text, c.other))});
 }
 
 /** Names whose last bytes differ or are counted up. */
@@ -216,12 +214,10 @@ void enterArithmetic() {
         each.value = 1 + workload.random(1000);
     };
     const Workloads texts = sized(names, {mix, 64, 256});
-    contest(
-        "string_operator_diff", texts, [](const Case &c) { return string_operator_diff(c.text, c.other); },
-        Contender{"plain", [](const Case &c) { return plain::difference(c.text, c.other); }});
-    contest(
-        "string_operator_add", texts, [](const Case &c) { return string_operator_add(c.destination, c.text, c.value); },
-        Contender{"plain", [](const Case &c) { return plain::add(c.destination, c.text, c.value); }});
+    contest("string_operator_diff", texts, CALL(string_operator_diff(c.text, c.other)),
+            Peer{"plain", CALL(plain::difference(c.text, c.other))});
+    contest("string_operator_add", texts, CALL(string_operator_add(c.destination, c.text, c.value)),
+            Peer{"plain", CALL(plain::add(c.destination, c.text, c.value))});
 }
 
 }  // namespace

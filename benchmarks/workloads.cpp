@@ -15,7 +15,7 @@ constexpr std::size_t mixedCalls = 4096;
 Workload::Workload(std::string workloadName) : name(std::move(workloadName)), memory(2 * half), nextSecond(half) {}
 
 char *Workload::place(std::size_t &next, std::string_view text, std::size_t size) {
-    const std::size_t at = next + static_cast<std::size_t>(random(16));
+    const std::size_t at = next + random(std::size_t{16});
     const std::size_t limit = next < half ? half : memory.size();
     if (at + size > limit) throw std::length_error("the workload " + name + " is too large");
     next = at + size;
@@ -26,7 +26,7 @@ char *Workload::place(std::size_t &next, std::string_view text, std::size_t size
 void Workload::shuffle(std::size_t length) {
     const std::vector<Case> pool = std::move(cases);
     cases.resize(length);
-    for (Case &each : cases) each = pool[static_cast<std::size_t>(random(static_cast<int32_t>(pool.size())))];
+    for (Case &each : cases) each = pool[random(pool.size())];
     calls = length;
 }
 
@@ -36,7 +36,7 @@ Workloads sized(const Fill &fill, const std::vector<std::size_t> &sizes, const s
         const auto workload = std::make_shared<Workload>(prefix + (size == mix ? "mix" : std::to_string(size)));
         workload->cases.resize(size == mix ? mixedTexts : std::clamp<std::size_t>(8192 / size, 1, 64));
         for (Case &each : workload->cases) {
-            fill(*workload, size == mix ? static_cast<std::size_t>(workload->random(33)) : size, each);
+            fill(*workload, size == mix ? workload->random(std::size_t{33}) : size, each);
         }
         workload->shuffle(size == mix ? mixedCalls : workload->cases.size());
         workloads.push_back(workload);
@@ -63,7 +63,7 @@ Workloads walk(const std::string &name, std::size_t calls, const std::function<s
     return workloads;
 }
 
-Workloads joined(std::initializer_list<Workloads> parts) {
+Workloads joined(const std::vector<Workloads> &parts) {
     Workloads all;
     for (const Workloads &part : parts) all.insert(all.end(), part.begin(), part.end());
     return all;
@@ -76,7 +76,7 @@ std::string prose(Workload &workload, std::size_t length) {
                                       "by",   "two",   "within", "what", "number", "character", "first", "line"};
     std::string text;
     while (text.size() < length) {
-        text += words[static_cast<std::size_t>(workload.random(static_cast<int32_t>(words.size())))];
+        text += words[workload.random(words.size())];
         text += ' ';
     }
     text.resize(length);

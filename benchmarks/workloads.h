@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -16,6 +17,8 @@ struct Case {
     char *destination = nullptr;
     int32_t count = 0;
     int32_t value = 0;
+
+    uint32_t size() const { return static_cast<uint32_t>(count); }
 };
 
 /** Inputs that are the same in every run, at random alignments: sources lie in one half of the memory, the second
@@ -28,7 +31,11 @@ public:
     char *second(std::string_view text, std::size_t room = 0) {
         return place(nextSecond, text, text.size() + 1 + room);
     }
-    int32_t random(int32_t limit) { return static_cast<int32_t>(engine() % static_cast<uint32_t>(limit)); }
+    /** From 0 up, below the limit. */
+    template <std::integral Number>
+    Number random(Number limit) {
+        return static_cast<Number>(engine() % static_cast<uint32_t>(limit));
+    }
     void shuffle(std::size_t length);
 
     std::string name;
@@ -59,7 +66,7 @@ Workloads repeated(const std::string &name, std::size_t count, const std::functi
 /** One workload of a single text and the number of calls that a walk through it makes. */
 Workloads walk(const std::string &name, std::size_t calls, const std::function<std::string(Workload &)> &text);
 
-Workloads joined(std::initializer_list<Workloads> parts);
+Workloads joined(const std::vector<Workloads> &parts);
 
 /** Exactly length bytes of words and spaces. */
 std::string prose(Workload &workload, std::size_t length);
