@@ -32,7 +32,7 @@ int64_t ourLines(const Case &c) {
     int64_t sum = 0;
     for (const char *at = c.text;;) {
         const int32_t last = X_TAMBRO_gets(c.destination, longestLine, at);
-        sum += last + c.destination[0];
+        sum += last + c.destination[last / 2];
         if (at[last] == 0) return sum;
         at += last + 1;
     }
@@ -49,7 +49,7 @@ int64_t memchrLines(const Case &c) {
         if (size > 0 && at[size - 1] == '\r') --size;
         memcpy(c.destination, at, size);
         c.destination[size] = 0;
-        sum += static_cast<int32_t>(last) + c.destination[0];
+        sum += static_cast<int32_t>(last) + c.destination[last / 2];
         if (feed == nullptr) return sum;
         at = feed + 1;
     }
@@ -142,7 +142,7 @@ int64_t ourReading(const Case &c) {
     for (const char *at = c.text;;) {
         const char *const next = utf8ReadChar(at, &valid, c.destination);
         if (next == at) return sum;
-        sum += valid;
+        sum += valid + c.destination[next - at - 1];
         at = next;
     }
 }
@@ -155,7 +155,7 @@ int64_t peerReading(const Case &c) {
         const std::size_t size = length > 0 ? static_cast<std::size_t>(length) : 1;
         memcpy(c.destination, at, size);
         c.destination[size] = 0;
-        sum += length > 0;
+        sum += (length > 0) + c.destination[size - 1];
         at += size;
     }
     c.destination[0] = 0;
