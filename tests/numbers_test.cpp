@@ -33,9 +33,9 @@ TEST_CASE("integers of many digits wrap") {
                                                       "7",
                                                       0},
                                                      {"  -42abc", -42}};
-    for (const auto &[text, value] : rows) {
-        CAPTURE(text);
-        CHECK(TQANSI_atoi(text) == value);
+    for (const auto &row : rows) {
+        CAPTURE(row.first);
+        CHECK(TQANSI_atoi(row.first) == row.second);
     }
 }
 

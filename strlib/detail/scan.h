@@ -1,21 +1,57 @@
 #ifndef STRLIB_DETAIL_SCAN_H
 #define STRLIB_DETAIL_SCAN_H
 
+// Finding bytes, a block at a time. What ends a scan is told by a function from a block to flags.
+
+#include "detail/block.h"
 #include "detail/bytes.h"
 
 namespace strlib {
 
-inline size_t measure(const uint8_t *string) {
-    size_t length = 0;
-    while (string[length] != 0) ++length;
-    return length;
+struct Nul {
+    block::Flags operator()(block::Block bytes) const { return block::zeros(bytes); }
+};
+
+struct Byte {
+    explicit Byte(uint8_t byte) : sought(block::splat(byte)) {}
+    block::Flags operator()(block::Block bytes) const { return block::equals(bytes, sought); }
+
+    block::Block sought;
+};
+
+// Templates with several users are not inlined by themselves, and then keep their blocks in memory.
+
+// The first byte from `at` on at which the scan ends; there must be one.
+template <class Ends>
+[[gnu::always_inline]] inline const uint8_t *scan(const uint8_t *at, Ends ends) {
+    const size_t offset = block::offsetIn(at);
+    block::Address address = block::addressOf(at) - offset;
+    block::Mask found = block::from(block::pack(ends(block::loadAligned(address))), offset);
+    while (found == 0) found = block::pack(ends(block::loadAligned(address += block::size)));
+    return block::pointerTo(address + block::first(found));
 }
 
-inline size_t measureUpTo(const uint8_t *string, size_t limit) {
-    size_t length = 0;
-    while (length < limit && string[length] != 0) ++length;
-    return length;
+// How many bytes from `at` on, up to `limit`, come before one at which the scan ends. No block is read that holds none
+// of the first `limit` bytes, nor one behind that where the scan ends.
+template <class Ends>
+[[gnu::always_inline]] inline size_t scanUpTo(const uint8_t *at, size_t limit, Ends ends) {
+    if (limit == 0) return 0;
+    const size_t offset = block::offsetIn(at);
+    block::Address address = block::addressOf(at) - offset;
+    block::Mask found = block::from(block::pack(ends(block::loadAligned(address))), offset);
+    size_t count = 0 - offset;  // of the bytes before the block
+    while (found == 0) {
+        count += block::size;
+        if (count >= limit) return limit;
+        found = block::pack(ends(block::loadAligned(address += block::size)));
+    }
+    count += block::first(found);
+    return count < limit ? count : limit;
 }
+
+inline size_t measure(const uint8_t *string) { return static_cast<size_t>(scan(string, Nul()) - string); }
+
+inline size_t measureUpTo(const uint8_t *string, size_t limit) { return scanUpTo(string, limit, Nul()); }
 
 }  // namespace strlib
 

@@ -1,7 +1,6 @@
 #include <strlib.h>
 
 #include "detail/byte_set.h"
-#include "detail/bytes.h"
 
 using namespace strlib;
 
@@ -15,16 +14,11 @@ struct Token {
 
 Token findToken(const char *string, const char *delimiters, bool endWanted) {
     if (isEmpty(string) || delimiters == nullptr) return {nullptr, nullptr};
-    const ByteSet set(bytesOf(delimiters));
-    const uint8_t *at = bytesOf(string);
-    while (set.has(*at)) ++at;
-    if (*at == 0) return {nullptr, nullptr};
-    const uint8_t *const first = at;
-    if (endWanted) {
-        do ++at;
-        while (*at != 0 && !set.has(*at));
-    }
-    return {first, at};
+    return withSet(bytesOf(delimiters), [=](const auto &set) -> Token {
+        const uint8_t *const first = set.skip(bytesOf(string));
+        if (*first == 0) return {nullptr, nullptr};
+        return {first, endWanted ? set.find(first + 1) : first};
+    });
 }
 
 }  // namespace

@@ -4,29 +4,48 @@
 
 using namespace strlib;
 
+namespace {
+
+struct NulOrByte {
+    explicit NulOrByte(uint8_t byte) : sought(block::splat(byte)) {}
+    block::Flags operator()(block::Block bytes) const { return block::zeros(bytes) | block::equals(bytes, sought); }
+
+    block::Block sought;
+};
+
+// The last place of a byte before `end`, going backwards from there; null if there is none.
+const uint8_t *findLast(const uint8_t *string, const uint8_t *end, uint8_t byte) {
+    if (string == end) return nullptr;
+    const Byte isSought(byte);
+    const size_t offset = block::offsetIn(end - 1);
+    block::Address address = block::addressOf(end - 1) - offset;
+    block::Mask found = block::upTo(block::pack(isSought(block::loadAligned(address))), offset + 1);
+    while (found == 0 && address > block::addressOf(string)) {
+        found = block::pack(isSought(block::loadAligned(address -= block::size)));
+    }
+    if (found == 0) return nullptr;
+    // A place before the string may have been found, but then none in it.
+    const block::Address place = address + block::last(found);
+    return place < block::addressOf(string) ? nullptr : block::pointerTo(place);
+}
+
+}  // namespace
+
 char *TQANSI_strchr(const char *string, int32_t byte) {
     if (string == nullptr) return nullptr;
-    const uint8_t sought = lowByte(byte);
-    const uint8_t *at = bytesOf(string);
-    while (*at != 0 && *at != sought) ++at;
+    const uint8_t *const at = scan(bytesOf(string), NulOrByte(lowByte(byte)));
     return *at == 0 ? nullptr : resultAt(at);
 }
 
 char *TQANSI_strrchr(const char *string, int32_t byte) {
     if (string == nullptr) return nullptr;
-    const uint8_t sought = lowByte(byte);
     const uint8_t *const bytes = bytesOf(string);
-    for (size_t i = measure(bytes); i-- > 0;) {
-        if (bytes[i] == sought) return resultAt(bytes + i);
-    }
-    return nullptr;
+    return resultAt(findLast(bytes, scan(bytes, Nul()), lowByte(byte)));
 }
 
 void *TQANSI_memchr(const void *range, int32_t byte, uint32_t count) {
     if (range == nullptr) return nullptr;
     const uint8_t *const bytes = static_cast<const uint8_t *>(range);
-    for (uint32_t i = 0; i < count; ++i) {
-        if (bytes[i] == lowByte(byte)) return resultAt(bytes + i);
-    }
-    return nullptr;
+    const size_t found = scanUpTo(bytes, count, Byte(lowByte(byte)));
+    return found == count ? nullptr : resultAt(bytes + found);
 }

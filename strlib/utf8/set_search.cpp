@@ -40,7 +40,8 @@ public:
     // Whether a byte that begins no member ends every walk that gets that far.
     bool broken() const { return broken_; }
 
-    bool mayMatchAt(const uint8_t *position) const { return leads_.has(*position); }
+    // The first place from `at` on where a member may begin, or the NUL.
+    const uint8_t *nextCandidate(const uint8_t *at) const { return leads_.find(at); }
 
     bool matchAt(const uint8_t *position) const {
         for (const uint8_t *member = first_; member < end_; member += memberLength(*member)) {
@@ -71,8 +72,8 @@ char *TQANSI_strpbrkUTF8(const char *string, const char *set) {
     const uint8_t *at = bytesOf(string);
     // The first position without a match meets the broken place, and that ends the search.
     if (members.broken()) return members.matchAt(at) ? resultAt(at) : nullptr;
-    for (; *at != 0; ++at) {
-        if (members.mayMatchAt(at) && members.matchAt(at)) return resultAt(at);
+    for (at = members.nextCandidate(at); *at != 0; at = members.nextCandidate(at + 1)) {
+        if (members.matchAt(at)) return resultAt(at);
     }
     return nullptr;
 }

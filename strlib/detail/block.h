@@ -1,0 +1,233 @@
+#ifndef STRLIB_DETAIL_BLOCK_H
+#define STRLIB_DETAIL_BLOCK_H
+
+// Blocks: as many bytes as the machine takes at once. All that the library knows of machines stands here, in four back
+// ends with the same operations: vectors, words with the byte-wise instructions of 32-bit ARM, plain words, single bytes.
+//
+// What may be read is the rule that everything above relies on. load() reads bytes that all belong to the text.
+// loadAligned() reads the aligned block around any byte that does. What else that block holds may not belong to the text,
+// but no page ends inside it, so it never faults, and memory checkers that watch machine code allow it. C++ does not
+// define it: under sanitizers, which check just that, blocks are single bytes and the question does not arise.
+
+#include <stddef.h>
+#include <stdint.h>
+
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(memory_sanitizer)
+#define STRLIB_BLOCK_BYTE
+#endif
+#elif defined(__SANITIZE_ADDRESS__)
+#define STRLIB_BLOCK_BYTE
+#endif
+
+#if defined(STRLIB_BLOCK_BYTE) || defined(STRLIB_BLOCK_WORD)
+#elif defined(__SSE2__)
+#define STRLIB_BLOCK_X86
+#include <immintrin.h>
+#elif defined(__ARM_NEON)
+#define STRLIB_BLOCK_NEON
+#include <arm_neon.h>
+#elif defined(__ARM_FEATURE_SIMD32)
+#define STRLIB_BLOCK_SIMD32
+#include <arm_acle.h>
+#endif
+
+namespace strlib::block {
+
+// Flags hold all ones (in plain words: the top bit) for each byte of a block that meets a condition, else zeros. A Mask
+// is the same packed into integers, a fixed number of bits a byte. The first byte is the one at the lowest address.
+
+#if defined(STRLIB_BLOCK_X86) || defined(STRLIB_BLOCK_NEON)
+
+#if defined(__AVX2__)
+inline constexpr size_t size = 32;
+#else
+inline constexpr size_t size = 16;
+#endif
+using Block = uint8_t __attribute__((vector_size(size)));
+using Signed = int8_t __attribute__((vector_size(size)));
+using Flags = Block;
+
+inline Block splat(uint8_t byte) { return Block{} + byte; }
+inline Flags zeros(Block block) { return reinterpret_cast<Flags>(block == 0); }
+inline Flags equals(Block block, Block other) { return reinterpret_cast<Flags>(block == other); }
+inline Flags inverse(Flags flags) { return ~flags; }
+
+// No byte is below 'A' - 0x80 or above 'Z' - 0x80 but the capitals, once their distance from 'A' is read as signed.
+inline Block fold(Block block) {
+    const Signed distance = reinterpret_cast<Signed>(block - static_cast<uint8_t>('A' + 0x80));
+    const Block capital = reinterpret_cast<Block>(distance < static_cast<int8_t>(26 - 0x80));
+    return block + (capital & 0x20);
+}
+
+#else
+
+#if defined(STRLIB_BLOCK_BYTE)
+using Block = uint8_t;
+#elif defined(STRLIB_BLOCK_SIMD32)
+using Block = uint32_t;
+#else
+using Block = size_t;
+#endif
+inline constexpr size_t size = sizeof(Block);
+using Flags = Block;
+
+// The same byte everywhere.
+inline constexpr Block splat(uint8_t byte) { return static_cast<Block>(static_cast<Block>(~Block{0}) / 0xFF * byte); }
+
+#if defined(STRLIB_BLOCK_BYTE)
+inline Flags zeros(Block block) { return block == 0; }
+inline Flags inverse(Flags flags) { return flags ^ 1; }
+#elif defined(STRLIB_BLOCK_SIMD32)
+// Adding 0xFF carries out of every byte but 0; the selection goes by the carries.
+inline Flags zeros(Block block) {
+    __uadd8(block, splat(0xFF));
+    return __sel(0, splat(0xFF));
+}
+inline Flags inverse(Flags flags) { return ~flags; }
+#else
+// Exact, as no carry leaves its byte: the top bit is set by the sum unless the low seven bits are 0.
+inline Flags zeros(Block block) {
+    constexpr Block low = splat(0x7F);
+    return ~(((block & low) + low) | block | low);
+}
+inline Flags inverse(Flags flags) { return flags ^ splat(0x80); }
+#endif
+inline Flags equals(Block block, Block other) { return zeros(static_cast<Block>(block ^ other)); }
+
+// The sums carry into the top bit, free in each byte, from 'A' and from 'Z' + 1 up; bytes from 0x80 up are no capitals.
+inline Block fold(Block block) {
+    const Block low = block & splat(0x7F);
+    const Block fromA = low + splat(0x80 - 'A');
+    const Block fromZ = low + splat(0x80 - 'Z' - 1);
+    const Block capital = fromA & ~fromZ & ~block & splat(0x80);
+    return static_cast<Block>(block + (capital >> 2));
+}
+
+#endif
+
+#if defined(STRLIB_BLOCK_X86)
+
+using Mask = uint32_t;
+inline constexpr uint32_t maskBits = 1;
+#if defined(__AVX2__)
+inline Mask pack(Flags flags) { return static_cast<Mask>(_mm256_movemask_epi8(reinterpret_cast<__m256i>(flags))); }
+#else
+inline Mask pack(Flags flags) { return static_cast<Mask>(_mm_movemask_epi8(reinterpret_cast<__m128i>(flags))); }
+#endif
+
+#elif defined(STRLIB_BLOCK_NEON)
+
+// NEON has no way to gather top bits; narrowing by four bits leaves four a byte.
+using Mask = uint64_t;
+inline constexpr uint32_t maskBits = 4;
+inline Mask pack(Flags flags) {
+    const uint8x8_t narrow = vshrn_n_u16(vreinterpretq_u16_u8(reinterpret_cast<uint8x16_t>(flags)), 4);
+    return vget_lane_u64(vreinterpret_u64_u8(narrow), 0);
+}
+
+#else
+
+using Mask = Block;
+inline constexpr uint32_t maskBits = 8;
+inline Mask pack(Flags flags) { return flags; }
+
+#endif
+
+// The positions of the first and the last byte of a mask that is not 0. Wide masks go by halves where a machine's
+// registers do not hold them: the compiler would call its run time.
+inline uint32_t lowestBit(Mask mask) {
+    if constexpr (sizeof(Mask) <= sizeof(uint32_t)) return static_cast<uint32_t>(__builtin_ctz(mask));
+    if constexpr (sizeof(size_t) == 8) return static_cast<uint32_t>(__builtin_ctzll(mask));
+    const uint32_t low = static_cast<uint32_t>(mask);
+    if (low != 0) return static_cast<uint32_t>(__builtin_ctz(low));
+    return 32 + static_cast<uint32_t>(__builtin_ctz(static_cast<uint32_t>(uint64_t{mask} >> 32)));
+}
+
+inline uint32_t highestBit(Mask mask) {
+    if constexpr (sizeof(Mask) <= sizeof(uint32_t)) return 31 - static_cast<uint32_t>(__builtin_clz(mask));
+    if constexpr (sizeof(size_t) == 8) return 63 - static_cast<uint32_t>(__builtin_clzll(mask));
+    const uint32_t high = static_cast<uint32_t>(uint64_t{mask} >> 32);
+    if (high != 0) return 63 - static_cast<uint32_t>(__builtin_clz(high));
+    return 31 - static_cast<uint32_t>(__builtin_clz(static_cast<uint32_t>(mask)));
+}
+
+// Whether the first byte has the lowest bits of a mask. In a big-endian word it has the highest.
+inline constexpr bool lowestFirst = maskBits != 8 || __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__;
+inline constexpr uint32_t allMaskBits = maskBits * size;
+
+inline size_t first(Mask mask) {
+    return (lowestFirst ? lowestBit(mask) : allMaskBits - 1 - highestBit(mask)) / maskBits;
+}
+inline size_t last(Mask mask) {
+    return (lowestFirst ? highestBit(mask) : allMaskBits - 1 - lowestBit(mask)) / maskBits;
+}
+
+// The mask without the flags of the first `count` bytes, fewer than a block has.
+inline Mask from(Mask mask, size_t count) {
+    const Mask all = static_cast<Mask>(~Mask{0});
+    const size_t bits = count * maskBits;
+    return static_cast<Mask>(mask & (lowestFirst ? all << bits : all >> bits));
+}
+
+// The mask without the flags up to those of the byte at an index.
+inline Mask after(Mask mask, size_t index) {
+    const Mask all = static_cast<Mask>(~Mask{0});
+    const size_t bits = index * maskBits;
+    return static_cast<Mask>(mask & (lowestFirst ? all << bits << maskBits : all >> bits >> maskBits));
+}
+
+// The mask of the first `count` bytes only, at least one.
+inline Mask upTo(Mask mask, size_t count) {
+    const Mask all = static_cast<Mask>(~Mask{0});
+    const size_t bits = (size - count) * maskBits;
+    constexpr size_t unused = sizeof(Mask) * 8 - allMaskBits;
+    return static_cast<Mask>(mask & (lowestFirst ? all >> (bits + unused) : all << bits));
+}
+
+// Each byte's flag moved to the byte before it. The last byte, whose successor is not in the block, is taken for flagged.
+inline Mask ofSuccessors(Mask mask) {
+    constexpr Mask all = static_cast<Mask>(~Mask{0});
+    constexpr size_t others = allMaskBits - maskBits;
+    if constexpr (size == 1) return all;
+    else if constexpr (lowestFirst) return static_cast<Mask>(mask >> maskBits | all << others);
+    else return static_cast<Mask>(mask << maskBits | all >> others);
+}
+
+// The bytes in which two blocks differ, for first() only.
+inline Mask differences(Block block, Block other) {
+    if constexpr (maskBits == 8) return static_cast<Mask>(pack(block) ^ pack(other));
+    else return pack(~equals(block, other));
+}
+
+// Values at any address: one instruction where the machine allows it, and no violation of aliasing.
+template <class Value>
+struct __attribute__((packed, may_alias)) Anywhere {
+    Value value;
+};
+
+template <class Value>
+inline Value loadAs(const uint8_t *at) {
+    return reinterpret_cast<const Anywhere<Value> *>(at)->value;
+}
+
+template <class Value>
+inline void storeAs(uint8_t *at, Value value) {
+    reinterpret_cast<Anywhere<Value> *>(at)->value = value;
+}
+
+inline Block load(const uint8_t *at) { return loadAs<Block>(at); }
+inline void store(uint8_t *at, Block block) { storeAs<Block>(at, block); }
+
+// Addresses of aligned blocks are kept as integers: the start of such a block may lie before its text.
+using Address = uintptr_t;
+using Aligned __attribute__((may_alias)) = Block;
+
+inline Address addressOf(const uint8_t *at) { return reinterpret_cast<Address>(at); }
+inline const uint8_t *pointerTo(Address address) { return reinterpret_cast<const uint8_t *>(address); }
+inline size_t offsetIn(const uint8_t *at) { return addressOf(at) % size; }
+inline Block loadAligned(Address address) { return *reinterpret_cast<const Aligned *>(address); }
+
+}  // namespace strlib::block
+
+#endif
