@@ -6,6 +6,7 @@
 #include <stdint.h>
 
 namespace strlib {
+namespace {
 
 // The distance between a capital and its small letter.
 inline constexpr uint8_t caseBit = 0x20;
@@ -26,6 +27,7 @@ inline const uint8_t *skipBlanks(const uint8_t *at) {
     return at;
 }
 
+}  // namespace
 }  // namespace strlib
 
 #endif

@@ -2,12 +2,13 @@
 #define STRLIB_DETAIL_BLOCK_H
 
 // Blocks: as many bytes as the machine takes at once. All that the library knows of machines stands here, in four back
-// ends with the same operations: vectors, words with the byte-wise instructions of 32-bit ARM, plain words, single bytes.
+// ends with the same operations: vectors, words with the byte-wise instructions of 32-bit ARM, plain words, single
+// bytes.
 //
 // What may be read is the rule that everything above relies on. load() reads bytes that all belong to the text.
-// loadAligned() reads the aligned block around any byte that does. What else that block holds may not belong to the text,
-// but no page ends inside it, so it never faults, and memory checkers that watch machine code allow it. C++ does not
-// define it: under sanitizers, which check just that, blocks are single bytes and the question does not arise.
+// loadAligned() reads the aligned block around any byte that does. What else that block holds may not belong to the
+// text, but no page ends inside it, so it never faults, and memory checkers that watch machine code allow it. C++ does
+// not define it: under sanitizers, which check just that, blocks are single bytes and the question does not arise.
 
 #include <stddef.h>
 #include <stdint.h>
@@ -32,7 +33,9 @@
 #include <arm_acle.h>
 #endif
 
+// What stands in private headers has internal linkage, so that the archive defines nothing but the routines.
 namespace strlib::block {
+namespace {
 
 // Flags hold all ones (in plain words: the top bit) for each byte of a block that meets a condition, else zeros. A Mask
 // is the same packed into integers, a fixed number of bits a byte. The first byte is the one at the lowest address.
@@ -185,19 +188,25 @@ inline Mask upTo(Mask mask, size_t count) {
     return static_cast<Mask>(mask & (lowestFirst ? all >> (bits + unused) : all << bits));
 }
 
-// Each byte's flag moved to the byte before it. The last byte, whose successor is not in the block, is taken for flagged.
+// Each byte's flag moved to the byte before it. The last byte, whose successor is not in the block, is taken for
+// flagged.
 inline Mask ofSuccessors(Mask mask) {
     constexpr Mask all = static_cast<Mask>(~Mask{0});
     constexpr size_t others = allMaskBits - maskBits;
-    if constexpr (size == 1) return all;
-    else if constexpr (lowestFirst) return static_cast<Mask>(mask >> maskBits | all << others);
-    else return static_cast<Mask>(mask << maskBits | all >> others);
+    if constexpr (size == 1)
+        return all;
+    else if constexpr (lowestFirst)
+        return static_cast<Mask>(mask >> maskBits | all << others);
+    else
+        return static_cast<Mask>(mask << maskBits | all >> others);
 }
 
 // The bytes in which two blocks differ, for first() only.
 inline Mask differences(Block block, Block other) {
-    if constexpr (maskBits == 8) return static_cast<Mask>(pack(block) ^ pack(other));
-    else return pack(~equals(block, other));
+    if constexpr (maskBits == 8)
+        return static_cast<Mask>(pack(block) ^ pack(other));
+    else
+        return pack(~equals(block, other));
 }
 
 // Values at any address: one instruction where the machine allows it, and no violation of aliasing.
@@ -228,6 +237,7 @@ inline const uint8_t *pointerTo(Address address) { return reinterpret_cast<const
 inline size_t offsetIn(const uint8_t *at) { return addressOf(at) % size; }
 inline Block loadAligned(Address address) { return *reinterpret_cast<const Aligned *>(address); }
 
+}  // namespace
 }  // namespace strlib::block
 
 #endif

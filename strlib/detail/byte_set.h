@@ -6,6 +6,7 @@
 #include "detail/scan.h"
 
 namespace strlib {
+namespace {
 
 // One bit for each byte value.
 class ByteSet {
@@ -69,6 +70,7 @@ template <class Use>
     return count <= fewMembers ? use(FewBytes(members, count)) : use(ByteSet(members));
 }
 
+}  // namespace
 }  // namespace strlib
 
 #endif

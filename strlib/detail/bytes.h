@@ -8,6 +8,7 @@
 #include <stdint.h>
 
 namespace strlib {
+namespace {
 
 inline const uint8_t *bytesOf(const char *string) { return reinterpret_cast<const uint8_t *>(string); }
 inline uint8_t *bytesOf(char *string) { return reinterpret_cast<uint8_t *>(string); }
@@ -24,6 +25,7 @@ inline uint8_t lowByte(int32_t value) { return lowByte(static_cast<uint32_t>(val
 
 inline bool isEmpty(const char *string) { return string == nullptr || *string == 0; }
 
+}  // namespace
 }  // namespace strlib
 
 #endif

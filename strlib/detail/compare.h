@@ -8,6 +8,7 @@
 #include "detail/bytes.h"
 
 namespace strlib {
+namespace {
 
 // How a comparison reads bytes: as they stand, or with the capitals folded.
 struct Exact {
@@ -74,6 +75,7 @@ template <class Reading>
 // The rule for signed counts: 0 compares nothing, a negative count the first bytes only.
 inline size_t positionsToCompare(int32_t count) { return count < 0 ? 1 : static_cast<size_t>(count); }
 
+}  // namespace
 }  // namespace strlib
 
 #endif

@@ -1,13 +1,14 @@
 #ifndef STRLIB_DETAIL_COPY_H
 #define STRLIB_DETAIL_COPY_H
 
-// Copying, a block at a time, with the result of copying byte by byte from the front: what a store may overwrite has been
-// loaded before. Where the two overlap so that this does not hold, bytes are copied one by one. Tails go by a block that
-// overlaps what is copied already, loaded before a store can reach it.
+// Copying, a block at a time, with the result of copying byte by byte from the front: what a store may overwrite has
+// been loaded before. Where the two overlap so that this does not hold, bytes are copied one by one. Tails go by a
+// block that overlaps what is copied already, loaded before a store can reach it.
 
 #include "detail/scan.h"
 
 namespace strlib {
+namespace {
 
 // Copies `count` bytes where a Value is at most that and half of it, by its first and its last bytes.
 template <class Value>
@@ -97,6 +98,7 @@ inline void copyUpTo(uint8_t *destination, const uint8_t *source, int32_t limit)
     destination[count] = 0;
 }
 
+}  // namespace
 }  // namespace strlib
 
 #endif

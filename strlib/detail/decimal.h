@@ -4,6 +4,7 @@
 #include "detail/ascii.h"
 
 namespace strlib {
+namespace {
 
 // A run of decimal digits, none included: its value modulo 2^32 and the byte behind it.
 struct Digits {
@@ -17,6 +18,7 @@ inline Digits readDigits(const uint8_t *at) {
     return {value, at};
 }
 
+}  // namespace
 }  // namespace strlib
 
 #endif

@@ -7,6 +7,7 @@
 #include <stdint.h>
 
 namespace strlib {
+namespace {
 
 inline uint32_t dividedBy100(uint32_t value) { return static_cast<uint32_t>(value * uint64_t{0x51EB851F} >> 37); }
 inline uint32_t dividedBy10000(uint32_t value) { return static_cast<uint32_t>(value * uint64_t{0xD1B71759} >> 45); }
@@ -36,6 +37,7 @@ inline Division divide(uint32_t value, uint32_t divisor) {
 #endif
 }
 
+}  // namespace
 }  // namespace strlib
 
 #endif

@@ -7,6 +7,7 @@
 #include "detail/bytes.h"
 
 namespace strlib {
+namespace {
 
 struct Nul {
     block::Flags operator()(block::Block bytes) const { return block::zeros(bytes); }
@@ -53,6 +54,7 @@ inline size_t measure(const uint8_t *string) { return static_cast<size_t>(scan(s
 
 inline size_t measureUpTo(const uint8_t *string, size_t limit) { return scanUpTo(string, limit, Nul()); }
 
+}  // namespace
 }  // namespace strlib
 
 #endif

@@ -1,13 +1,14 @@
 #ifndef STRLIB_DETAIL_TWO_WAY_H
 #define STRLIB_DETAIL_TWO_WAY_H
 
-// The two-way search of Crochemore and Perrin: a substring in time linear in both lengths and constant space. The sought
-// bytes are cut in two at a place such that a mismatch right of it moves on by what was compared, and one left of it by
-// the period. Bytes are compared as a Reading reads them.
+// The two-way search of Crochemore and Perrin: a substring in time linear in both lengths and constant space. The
+// sought bytes are cut in two at a place such that a mismatch right of it moves on by what was compared, and one left
+// of it by the period. Bytes are compared as a Reading reads them.
 
 #include "detail/bytes.h"
 
 namespace strlib {
+namespace {
 
 template <class Reading>
 class TwoWay {
@@ -86,6 +87,7 @@ private:
     bool periodic_;
 };
 
+}  // namespace
 }  // namespace strlib
 
 #endif

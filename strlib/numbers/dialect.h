@@ -9,6 +9,7 @@
 #include "detail/bytes.h"
 
 namespace strlib {
+namespace {
 
 inline constexpr uint8_t directiveSign = '%';
 inline constexpr uint8_t escapeSign = '\\';
@@ -40,6 +41,7 @@ inline uint8_t escaped(uint8_t byte) {
     }
 }
 
+}  // namespace
 }  // namespace strlib
 
 #endif

@@ -1,19 +1,96 @@
 #include <strlib.h>
 
-#include "detail/substring.h"
+#include "detail/compare.h"
+#include "detail/scan.h"
+#include "detail/two_way.h"
+
+// Finding a substring. Places where its first two bytes stand are found a block at a time and compared there, with
+// nothing measured beforehand. Texts that keep agreeing with the substring for long use up a budget that grows with the
+// bytes passed; the rest is then searched in a way whose cost has a bound.
 
 using namespace strlib;
 
+namespace {
+
+// Bytes compared for nothing: so many in advance, and so many for each byte passed.
+constexpr size_t budgetAtStart = 256;
+constexpr size_t budgetPerByte = 4;
+
+template <class Reading>
+[[gnu::noinline]] const uint8_t *findInBoundedTime(const uint8_t *string, const uint8_t *sought) {
+    return TwoWay<Reading>(sought, measure(sought)).find(string, measure(string));
+}
+
+// How many bytes at a place agree with the sought ones, not counting the NULs.
+template <class Reading>
+size_t agreement(const uint8_t *place, const uint8_t *sought) {
+    size_t count = 0;
+    while (sought[count] != 0 && Reading::read(place[count]) == Reading::read(sought[count])) ++count;
+    return count;
+}
+
+template <class Reading>
+class PairFilter {
+public:
+    explicit PairFilter(const uint8_t *sought)
+        : first_(block::splat(Reading::read(sought[0]))),
+          second_(block::splat(Reading::read(sought[1]))),
+          always_(sought[1] == 0 ? static_cast<block::Mask>(~block::Mask{0}) : 0) {}
+
+    // The places in a block where both bytes stand, or the first does and the second may, being outside.
+    block::Mask candidates(block::Block bytes) const {
+        const block::Block read = Reading::readBlock(bytes);
+        const block::Mask followed = block::ofSuccessors(block::pack(block::equals(read, second_)));
+        return static_cast<block::Mask>(block::pack(block::equals(read, first_)) & (followed | always_));
+    }
+
+private:
+    block::Block first_;
+    block::Block second_;
+    block::Mask always_;  // a single byte needs no second one
+};
+
+// The first place of a substring that is not empty; null if there is none.
+template <class Reading>
+const uint8_t *findSubstring(const uint8_t *string, const uint8_t *sought) {
+    const PairFilter<Reading> filter(sought);
+    const size_t offset = block::offsetIn(string);
+    block::Address address = block::addressOf(string) - offset;
+    const block::Address start = address;
+    size_t before = offset;  // bytes at the front of the block that do not count
+    for (size_t spent = 0;; address += block::size, before = 0) {
+        const block::Block bytes = block::loadAligned(address);
+        const block::Mask end = block::from(block::pack(block::zeros(bytes)), before);
+        block::Mask places = block::from(filter.candidates(bytes), before);
+        while (places != 0) {
+            const size_t index = block::first(places);
+            if (end != 0 && block::first(end) < index) return nullptr;
+            const uint8_t *const place = block::pointerTo(address + index);
+            const size_t agreed = agreement<Reading>(place, sought);
+            if (sought[agreed] == 0) return place;
+            if (place[agreed] == 0) return nullptr;
+            spent += agreed;
+            if (spent > budgetAtStart + budgetPerByte * (address - start)) {
+                return findInBoundedTime<Reading>(place + 1, sought);
+            }
+            places = block::after(places, index);
+        }
+        if (end != 0) return nullptr;
+    }
+}
+
 // Folded comparisons count to 16 bits: with a longer count they go on to the end of both strings.
-static constexpr size_t longestCounted = 0xFFFF;
+constexpr size_t longestCounted = 0xFFFF;
 
 // A substring as long as that matches only where the string ends as it does: one place.
-static const uint8_t *findAtEnd(const uint8_t *string, const uint8_t *sought, size_t length) {
+const uint8_t *findAtEnd(const uint8_t *string, const uint8_t *sought, size_t length) {
     const size_t available = measure(string);
     if (available < length) return nullptr;
     const uint8_t *const place = string + (available - length);
     return TQANSI_strnicmp(resultAt(place), resultAt(sought), static_cast<int32_t>(length)) == 0 ? place : nullptr;
 }
+
+}  // namespace
 
 char *TQANSI_strstr(const char *string, const char *substring) {
     if (string == nullptr || substring == nullptr) return nullptr;

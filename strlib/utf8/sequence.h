@@ -7,6 +7,7 @@
 #include <stdint.h>
 
 namespace strlib {
+namespace {
 
 inline constexpr uint32_t payloadBits = 6;
 inline constexpr uint32_t longestSequence = 6;
@@ -27,6 +28,7 @@ inline uint8_t leadPayload(uint8_t lead, uint32_t length) { return static_cast<u
 inline uint8_t continuation(uint32_t payload) { return static_cast<uint8_t>(0x80 | (payload & 0x3F)); }
 inline uint8_t continuationPayload(uint8_t byte) { return byte & 0x3F; }
 
+}  // namespace
 }  // namespace strlib
 
 #endif
