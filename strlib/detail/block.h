@@ -137,6 +137,13 @@ inline Mask pack(Flags flags) { return flags; }
 
 #endif
 
+// How many blocks a loop takes before it jumps back. x86 jumps no more than once a cycle; ARM would only grow.
+#if defined(STRLIB_BLOCK_X86)
+inline constexpr int blocksATurn = 4;
+#else
+inline constexpr int blocksATurn = 1;
+#endif
+
 // The positions of the first and the last byte of a mask that is not 0. Wide masks go by halves where a machine's
 // registers do not hold them: the compiler would call its run time.
 inline uint32_t lowestBit(Mask mask) {

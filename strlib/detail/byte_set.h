@@ -8,33 +8,38 @@
 namespace strlib {
 namespace {
 
-// One bit for each byte value.
+// An entry for each byte value. The NUL, which ends every search, is no member but has an entry of its own.
 class ByteSet {
 public:
-    ByteSet() = default;
-    explicit ByteSet(const uint8_t *members) {
+    ByteSet() {
+        for (size_t i = 0; i < sizeof entries_; i += block::size) block::store(entries_ + i, block::splat(absent));
+        entries_[0] = nul;
+    }
+    explicit ByteSet(const uint8_t *members) : ByteSet() {
         for (; *members != 0; ++members) add(*members);
     }
 
-    void add(uint8_t byte) { words_[byte / 32] |= bit(byte); }
+    void add(uint8_t byte) { entries_[byte] = member; }
 
     // The first byte from `at` on that is a member, or the NUL.
     const uint8_t *find(const uint8_t *at) const {
-        while (*at != 0 && !has(*at)) ++at;
+#pragma GCC unroll 4
+        while (entries_[*at] == absent) ++at;
         return at;
     }
 
     // The first byte from `at` on that is no member; the NUL never is one.
     const uint8_t *skip(const uint8_t *at) const {
-        while (has(*at)) ++at;
+        while (entries_[*at] == member) ++at;
         return at;
     }
 
 private:
-    static uint32_t bit(uint8_t byte) { return uint32_t{1} << (byte % 32); }
-    bool has(uint8_t byte) const { return (words_[byte / 32] & bit(byte)) != 0; }
+    static constexpr uint8_t absent = 0;
+    static constexpr uint8_t member = 1;
+    static constexpr uint8_t nul = 2;
 
-    uint32_t words_[8] = {};
+    uint8_t entries_[256];
 };
 
 inline constexpr size_t fewMembers = 4;

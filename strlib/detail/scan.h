@@ -28,6 +28,7 @@ template <class Ends>
     const size_t offset = block::offsetIn(at);
     block::Address address = block::addressOf(at) - offset;
     block::Mask found = block::from(block::pack(ends(block::loadAligned(address))), offset);
+#pragma GCC unroll block::blocksATurn
     while (found == 0) found = block::pack(ends(block::loadAligned(address += block::size)));
     return block::pointerTo(address + block::first(found));
 }
@@ -41,6 +42,7 @@ template <class Ends>
     block::Address address = block::addressOf(at) - offset;
     block::Mask found = block::from(block::pack(ends(block::loadAligned(address))), offset);
     size_t count = 0 - offset;  // of the bytes before the block
+#pragma GCC unroll block::blocksATurn
     while (found == 0) {
         count += block::size;
         if (count >= limit) return limit;

@@ -16,9 +16,12 @@
  * - A table is 256 bytes, indexed by a byte's unsigned value.
  *
  * No routine allocates, locks, or keeps anything between calls. Any number of threads may call any routines at once,
- * as long as no two calls write the same bytes. A string without a NUL is out of contract everywhere, except that a
- * routine that takes a count reads no more bytes than it needs of those that the count allows. Strings, their lengths
- * and every position in them are limited to 2147483647 bytes.
+ * as long as no two calls write the same bytes. A string without a NUL is out of contract everywhere, except that where
+ * a count limits what is read, as many bytes as the count says will do instead. Strings, their lengths and every position
+ * in them are limited to 2147483647 bytes. No out-parameter may overlap a text or another out-parameter.
+ *
+ * Where a routine is said not to read a byte, it does not depend on it and never faults on it: text may be read in aligned
+ * blocks of up to 32 bytes around a byte that belongs to it, and no page of memory ends inside one.
  *
  * Results that point into a `const char *` argument are plain `char *`, as in the classic C routines.
  */
@@ -151,7 +154,7 @@ int32_t TQANSI_strcmp(const char *first, const char *second) STRLIB_PURE STRLIB_
  * @brief Compares at most count bytes of two strings by signed bytes.
  *
  * `"abc", "abd", 2 -> 0`, `"xbc", "abd", 0 -> 0`, `"xbc", "abd", -1 -> 23`
- * @param first A string, or null. It needs no NUL among its first count bytes.
+ * @param first A string, or at least count bytes; or null.
  * @param second As first.
  * @param count The most positions to compare. 0 compares nothing; a negative count compares the first position only.
  * @return As TQANSI_strcmp(), of the positions compared; 0 if either pointer is null.
@@ -172,7 +175,7 @@ int32_t TQANSI_stricmp(const char *first, const char *second) STRLIB_PURE STRLIB
  * @brief Compares at most count bytes of two strings by signed bytes after folding.
  *
  * `"HELLOx", "helloy", 5 -> 0`, `"x", "A", -3 -> 23`
- * @param first A string, or null. It needs no NUL among its first count bytes if the count is at most 65535.
+ * @param first A string, or at least count bytes if the count is at most 65535; or null.
  * @param second As first.
  * @param count The most positions to compare. 0 compares nothing; a negative count compares the first position only.
  *        Positions are counted in 16 bits: a count of 65536 or more never ends the comparison, which then runs to the
@@ -377,7 +380,8 @@ char *TQANSI_itoa(int32_t value, char *buffer, int32_t size, int32_t radix) STRL
  *   stores that byte, so that backslash and '%' stores a '%'; a backslash at the end stores itself.
  *
  * A plain byte or escape pair that no longer fits ends the output. A conversion that does not fit is left out and the
- * output goes on; it has used up its slot all the same.
+ * output goes on; it has used up its slot all the same. The result does not tell either: a buffer is large enough for
+ * sure if it holds the plain bytes, the strings, one byte for each "%c" and 11 for each "%d", and 1 more.
  *
  * `"%d|%s|%c", {-7, "ab", 'Z'} -> "-7|ab|Z", result 8`, `size 4: "ab%sX", {"cd"} -> "abX", result 4`
  * @param destination Room for size bytes, or null. It must not overlap the format or a string argument.
@@ -406,7 +410,8 @@ int32_t TQ_sprintf(char *destination, uint32_t size, const char *format, const i
  *   stores an empty string and fails; a width of 0 stores nothing and fails.
  * - "%i" and "%u" store what TQANSI_atoi() reads here, also if they then fail. They take a '-' and decimal digits from
  *   the input and fail without a digit. 'l', 'h' or 'b' before the letter stores the low 32, 16 or 8 bits; 32 without
- *   any, but a letter stays in force for the later numbers of the call. The width is ignored.
+ *   any, but a letter stays in force for the later numbers of the call, also where its own directive ends as a plain
+ *   byte. The width is ignored.
  * - "%n" stores how many input bytes have been passed over so far, as 32 bits.
  * - A width is a group of at most seven digits behind the '%', before the size letter; of several groups in a row the
  *   last counts.
@@ -421,10 +426,10 @@ int32_t TQ_sprintf(char *destination, uint32_t size, const char *format, const i
  * @param input A string, or null.
  * @param format A string, or null.
  * @param arguments For each conversion that can be reached, the address of a byte ("%c"), of bytes enough for the field
- *        and its NUL ("%s", "%[^x]"), or of an integer of the width named; not read (and may be null) if no conversion
- *        is reached. No destination may be null or overlap the input or the format.
- * @return The number of conversions that succeeded, "%n" not counted; -1 if none was reached, or if the input or the
- *         format is null or empty.
+ *        and its NUL ("%s", "%[^x]"), or of an integer of the width named, aligned as such; not read (and may be null)
+ *        if no conversion is reached. No destination may be null or overlap the input or the format.
+ * @return The number of conversions that succeeded, "%n" not counted; -1 if no conversion was reached (reaching "%n"
+ *         makes it 0), or if the input or the format is null or empty.
  */
 int32_t TQ_sscanf(const char *input, const char *format, const intptr_t *arguments) STRLIB_NOTHROW;
 
@@ -440,7 +445,8 @@ int32_t TQ_sscanf(const char *input, const char *format, const intptr_t *argumen
  *
  * A line ends at a line feed, at the text's NUL, or when size bytes have been stored; the next piece of a longer line
  * is left to the next call. Step through a text by calling again on the source advanced by the result plus 1, until the
- * byte at the result is the NUL.
+ * byte at the result is the NUL. With one more than the longest line wanted as the size, a full destination tells a line
+ * that is too long.
  *
  * `"he\rllo\r\nworld", 10 -> "hello", result 7`, `"abcdef", 3 -> "abc", result 2`
  * @param destination Room for size + 1 bytes (one more than the size), not null.
@@ -454,7 +460,8 @@ int32_t X_TAMBRO_gets(char *destination, int32_t size, const char *source) STRLI
 /**
  * @brief Finds the first token of a string, a longest run of bytes that are no delimiters, and its length.
  *
- * The next token is found by a call on the result advanced by the length.
+ * The next token is found by a call on the result advanced by the length, as long as tokens are shorter than 65536 bytes
+ * (TQ_strtoken() knows no such limit).
  *
  * `",,a,b", "," -> position 2, length 1`, `"abc", "" -> position 0, length 3`
  * @param string A string, or null.
@@ -532,8 +539,8 @@ char *utf8ReadChar(const char *input, int32_t *valid, char *character) STRLIB_NO
 /**
  * @brief Finds the first place in a string where any character of a UTF-8 set stands.
  *
- * The set is read as characters of one to four bytes, each as long as its first byte says (below 0x80: 1; 0xC0: 2;
- * 0xE0: 3; 0xF0 to 0xF7: 4) whatever bytes follow; one that the set's end cuts short is ignored. At each position of
+ * The set is read as characters of one to four bytes, each as long as its first byte says (0x01 to 0x7F: 1, 0xC0 to 0xDF:
+ * 2, 0xE0 to 0xEF: 3, 0xF0 to 0xF7: 4) whatever bytes follow; one that the set's end cuts short is ignored. At each position of
  * the string (each byte, not each character) the set is gone through in order; where that meets a byte of 0x80 to 0xBF
  * or 0xF8 to 0xFF in a first place, the whole search ends. The cost grows with the product of both lengths.
  * @param string A string, or null.
