@@ -56,6 +56,9 @@ inline Flags zeros(Block block) { return reinterpret_cast<Flags>(block == 0); }
 inline Flags equals(Block block, Block other) { return reinterpret_cast<Flags>(block == other); }
 inline Flags inverse(Flags flags) { return ~flags; }
 
+// The bytes up to a limit below 0x80.
+inline Flags atMost(Block block, uint8_t limit) { return reinterpret_cast<Flags>(block <= splat(limit)); }
+
 // No byte is below 'A' - 0x80 or above 'Z' - 0x80 but the capitals, once their distance from 'A' is read as signed.
 inline Block fold(Block block) {
     const Signed distance = reinterpret_cast<Signed>(block - static_cast<uint8_t>('A' + 0x80));
@@ -79,23 +82,24 @@ using Flags = Block;
 inline constexpr Block splat(uint8_t byte) { return static_cast<Block>(static_cast<Block>(~Block{0}) / 0xFF * byte); }
 
 #if defined(STRLIB_BLOCK_BYTE)
-inline Flags zeros(Block block) { return block == 0; }
+inline Flags atMost(Block block, uint8_t limit) { return block <= limit; }
 inline Flags inverse(Flags flags) { return flags ^ 1; }
 #elif defined(STRLIB_BLOCK_SIMD32)
-// Adding 0xFF carries out of every byte but 0; the selection goes by the carries.
-inline Flags zeros(Block block) {
-    __uadd8(block, splat(0xFF));
+// The sum carries out of every byte above the limit; the selection goes by the carries.
+inline Flags atMost(Block block, uint8_t limit) {
+    __uadd8(block, splat(static_cast<uint8_t>(0xFF - limit)));
     return __sel(0, splat(0xFF));
 }
 inline Flags inverse(Flags flags) { return ~flags; }
 #else
-// Exact, as no carry leaves its byte: the top bit is set by the sum unless the low seven bits are 0.
-inline Flags zeros(Block block) {
+// Exact, as no carry leaves its byte: the top bit is set by the sum unless the low seven bits are within the limit.
+inline Flags atMost(Block block, uint8_t limit) {
     constexpr Block low = splat(0x7F);
-    return ~(((block & low) + low) | block | low);
+    return ~(((block & low) + splat(static_cast<uint8_t>(0x7F - limit))) | block | low);
 }
 inline Flags inverse(Flags flags) { return flags ^ splat(0x80); }
 #endif
+inline Flags zeros(Block block) { return atMost(block, 0); }
 inline Flags equals(Block block, Block other) { return zeros(static_cast<Block>(block ^ other)); }
 
 // The sums carry into the top bit, free in each byte, from 'A' and from 'Z' + 1 up; bytes from 0x80 up are no capitals.
