@@ -2,40 +2,60 @@
 #define STRLIB_DETAIL_DIVIDE_H
 
 // Division without a divider. ARMv7-A need not have one, and what compilers put in its place is a call out of the
-// library; so constants divide by multiplying with a rounded-up reciprocal, exact for all 32-bit values.
+// library; so constants divide by multiplying with a rounded-up reciprocal, exact for all 32-bit values, and variables
+// with a reciprocal that is found once.
 
 #include <stdint.h>
 
 namespace strlib {
 namespace {
 
-inline uint32_t dividedBy100(uint32_t value) { return static_cast<uint32_t>(value * uint64_t{0x51EB851F} >> 37); }
 inline uint32_t dividedBy10000(uint32_t value) { return static_cast<uint32_t>(value * uint64_t{0xD1B71759} >> 45); }
 
-// For values below 100.
+// For values below 10000 and below 100.
+inline uint32_t smallDividedBy100(uint32_t value) { return value * 5243 >> 19; }
 inline uint32_t smallDividedBy10(uint32_t value) { return value * 103 >> 10; }
 
-struct Division {
-    uint32_t quotient;
-    uint32_t remainder;
-};
+class Divisor {
+public:
+    explicit Divisor(uint32_t divisor) : divisor_(divisor), reciprocal_(reciprocalOf(divisor)) {}
 
-inline Division divide(uint32_t value, uint32_t divisor) {
-#if defined(__arm__) && !defined(__ARM_FEATURE_IDIV)
-    // Long division in base 2. The remainder stays below the divisor, which is small, so that doubling it is safe.
-    Division result = {0, 0};
-    for (uint32_t bit = uint32_t{1} << 31; bit != 0; bit >>= 1) {
-        result.remainder = result.remainder << 1 | ((value & bit) != 0);
-        if (result.remainder >= divisor) {
-            result.remainder -= divisor;
-            result.quotient |= bit;
+    // Divides a value and gives the remainder. The reciprocal is rounded down: the product is right or short by one.
+    uint32_t divide(uint32_t &value) const {
+        uint32_t quotient = static_cast<uint32_t>(value * uint64_t{reciprocal_} >> 32);
+        uint32_t remainder = value - quotient * divisor_;
+        if (remainder >= divisor_) {
+            remainder -= divisor_;
+            ++quotient;
         }
+        value = quotient;
+        return remainder;
     }
-    return result;
+
+private:
+    // (2^32 - 1) / divisor.
+    static uint32_t reciprocalOf(uint32_t divisor) {
+#if defined(__arm__) && !defined(__ARM_FEATURE_IDIV)
+        // Long division in base 2. The remainder stays below the divisor, which is small, so that doubling it is safe.
+        uint32_t quotient = 0;
+        uint32_t remainder = 0;
+        for (uint32_t bits = 32; bits != 0; --bits) {
+            remainder = remainder << 1 | 1;
+            quotient <<= 1;
+            if (remainder >= divisor) {
+                remainder -= divisor;
+                ++quotient;
+            }
+        }
+        return quotient;
 #else
-    return {value / divisor, value % divisor};
+        return UINT32_MAX / divisor;
 #endif
-}
+    }
+
+    uint32_t divisor_;
+    uint32_t reciprocal_;
+};
 
 }  // namespace
 }  // namespace strlib

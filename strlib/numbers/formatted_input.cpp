@@ -1,6 +1,6 @@
 #include <strlib.h>
 
-#include "detail/bytes.h"
+#include "detail/copy.h"
 #include "detail/decimal.h"
 #include "numbers/dialect.h"
 
@@ -98,9 +98,24 @@ void storeNumber(intptr_t destination, uint32_t value, uint8_t sizeLetter) {
         *reinterpret_cast<Int32 *>(destination) = value;
 }
 
+struct BlankOrNul {
+    block::Flags operator()(block::Block bytes) const { return block::atMost(bytes, ' '); }
+};
+
+struct ByteOrNul {
+    explicit ByteOrNul(uint8_t byte) : byte_(byte) {}
+    block::Flags operator()(block::Block bytes) const {
+        return static_cast<block::Flags>(byte_(bytes) | block::zeros(bytes));
+    }
+
+    Byte byte_;
+};
+
 class Input {
 public:
-    explicit Input(const uint8_t *input) : start_(input), content_(skipBlanks(input)), at_(content_) {}
+    explicit Input(const uint8_t *input) : start_(input), at_(input) {
+        for (; isBlank(*at_); ++at_) blanksAtStart_ |= bitOf(*at_);
+    }
 
     uint32_t consumed() const { return static_cast<uint32_t>(at_ - start_); }
 
@@ -112,12 +127,7 @@ public:
         return true;
     }
 
-    bool blanksAtStartHold(uint8_t byte) const {
-        for (const uint8_t *blank = start_; blank < content_; ++blank) {
-            if (*blank == byte) return true;
-        }
-        return false;
-    }
+    bool blanksAtStartHold(uint8_t byte) const { return (blanksAtStart_ & bitOf(byte)) != 0; }
 
     bool readByte(uint8_t *destination) {
         if (*at_ == 0) return false;
@@ -125,38 +135,43 @@ public:
         return true;
     }
 
-    // Copies the bytes up to the NUL or the first that `ends`, as far as the width has room for them and a NUL.
+    // Copies the bytes up to one at which a scan ends, as far as the width has room for them and a NUL.
     template <class Ends>
     bool readField(uint8_t *destination, int32_t width, Ends ends) {
         if (width == 0) return false;
-        uint32_t room = static_cast<uint32_t>(width) - 1;  // without a width more than any field takes
-        const uint8_t *const first = at_;
-        for (; room != 0 && *at_ != 0 && !ends(*at_); --room) *destination++ = *at_++;
-        *destination = 0;
-        return at_ != first;
+        const uint32_t room = static_cast<uint32_t>(width) - 1;  // without a width more than any field takes
+        const size_t count = scanUpTo(at_, room, ends);
+        copyBytes(destination, at_, count);
+        destination[count] = 0;
+        at_ += count;
+        return count != 0;
     }
 
+    // TQANSI_atoi() alone tells what is stored; what it would read as a decimal number here needs no second pass.
     bool readNumber(intptr_t destination, uint8_t sizeLetter) {
-        storeNumber(destination, static_cast<uint32_t>(TQANSI_atoi(resultAt(at_))), sizeLetter);
-        const uint8_t *const digits = at_ + (*at_ == '-');
-        const uint8_t *const end = readDigits(digits).end;
-        if (end == digits) return false;
-        at_ = end;
-        return true;
+        Decimal number = readDecimal(at_);
+        if (!number.hasDigits || isHexadecimalMark(at_))
+            number.value = static_cast<uint32_t>(TQANSI_atoi(resultAt(at_)));
+        storeNumber(destination, number.value, sizeLetter);
+        if (number.hasDigits) at_ = number.end;
+        return number.hasDigits;
     }
 
 private:
+    // One bit for each of the 32 blanks.
+    static uint32_t bitOf(uint8_t blank) { return uint32_t{1} << (blank % 32); }
+
     const uint8_t *start_;
-    const uint8_t *content_;
     const uint8_t *at_;
+    uint32_t blanksAtStart_ = 0;
 };
 
 bool convert(Input &input, const Item &item, intptr_t destination, uint8_t sizeLetter) {
     uint8_t *const bytes = reinterpret_cast<uint8_t *>(destination);
     switch (item.byte) {
         case 'c': return input.readByte(bytes);
-        case 's': return input.readField(bytes, item.width, isBlank);
-        case '[': return input.readField(bytes, item.width, [&](uint8_t byte) { return byte == item.excluded; });
+        case 's': return input.readField(bytes, item.width, BlankOrNul());
+        case '[': return input.readField(bytes, item.width, ByteOrNul(item.excluded));
         case 'n': storeNumber(destination, input.consumed(), 'l'); return true;
         default: return input.readNumber(destination, sizeLetter);
     }

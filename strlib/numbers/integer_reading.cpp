@@ -21,8 +21,6 @@ static uint32_t readHexadecimal(const uint8_t *at) {
 
 int32_t TQANSI_atoi(const char *text) {
     const uint8_t *at = skipBlanks(bytesOf(text));
-    if (at[0] == '0' && at[1] == 'x') return static_cast<int32_t>(readHexadecimal(at + 2));
-    const bool negative = *at == '-';
-    const uint32_t value = readDigits(at + negative).value;
-    return static_cast<int32_t>(negative ? 0 - value : value);
+    const uint32_t value = isHexadecimalMark(at) ? readHexadecimal(at + 2) : readDecimal(at).value;
+    return static_cast<int32_t>(value);
 }

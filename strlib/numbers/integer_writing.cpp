@@ -1,6 +1,8 @@
 #include <strlib.h>
 
+#include "detail/block.h"
 #include "detail/bytes.h"
+#include "detail/decimal.h"
 #include "detail/divide.h"
 
 using namespace strlib;
@@ -8,72 +10,100 @@ using namespace strlib;
 static constexpr int32_t smallestRadix = 2;
 static constexpr int32_t largestRadix = 36;
 
-// More digits than any size has room for.
-static constexpr uint32_t endless = INT32_MAX;
-
 static uint8_t decimalDigit(uint32_t value) { return lowByte('0' + value); }
 
 static uint8_t digit(uint32_t value) { return value < 10 ? decimalDigit(value) : lowByte('A' - 10 + value); }
 
-static uint32_t countDecimalDigits(uint32_t magnitude) {
-    for (uint32_t count = 1;; count += 4) {
-        if (magnitude < 10) return count;
-        if (magnitude < 100) return count + 1;
-        if (magnitude < 1000) return count + 2;
-        if (magnitude < 10000) return count + 3;
-        magnitude = dividedBy10000(magnitude);
-    }
+// The four digits of a value below 10000 as they stand in memory. Both halves of a word are divided at once.
+static uint32_t fourDigits(uint32_t value) {
+    const uint32_t hundreds = smallDividedBy100(value);
+    const uint32_t pairs = hundreds | (value - hundreds * 100) << 16;
+    const uint32_t tens = smallDividedBy10(pairs) & 0x000F000F;
+    const uint32_t digits = (tens | (pairs - tens * 10) << 8) + 0x30303030;
+    return __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__ ? digits : __builtin_bswap32(digits);
 }
 
-static uint32_t countDigits(uint32_t magnitude, int32_t radix) {
-    if (radix < smallestRadix || radix > largestRadix) return endless;
-    const uint64_t base = static_cast<uint32_t>(radix);
-    uint32_t count = 1;
-    for (uint64_t power = base; power <= magnitude; power *= base) ++count;
-    return count;
+static void putPair(uint8_t *end, uint32_t pair) {
+    const uint32_t tens = smallDividedBy10(pair);
+    end[-2] = decimalDigit(tens);
+    end[-1] = decimalDigit(pair - tens * 10);
 }
 
-// Both writers put the last digit before `end` and go on to the front, so their callers count the digits first.
-
+// Puts the last digit before `end` and goes on to the front.
 static void writeDecimalDigits(uint32_t magnitude, uint8_t *end) {
-    for (; magnitude >= 10; end -= 2) {
-        const uint32_t rest = dividedBy100(magnitude);
-        const uint32_t pair = magnitude - rest * 100;
-        const uint32_t tens = smallDividedBy10(pair);
-        end[-1] = decimalDigit(pair - tens * 10);
-        end[-2] = decimalDigit(tens);
-        if (rest == 0) return;
+    for (; magnitude >= 10000; end -= 4) {
+        const uint32_t rest = dividedBy10000(magnitude);
+        block::storeAs(end - 4, fourDigits(magnitude - rest * 10000));
         magnitude = rest;
     }
-    end[-1] = decimalDigit(magnitude);
+    if (magnitude >= 100) {
+        const uint32_t hundreds = smallDividedBy100(magnitude);
+        putPair(end, magnitude - hundreds * 100);
+        magnitude = hundreds;
+        end -= 2;
+    }
+    if (magnitude >= 10)
+        putPair(end, magnitude);
+    else
+        end[-1] = decimalDigit(magnitude);
 }
 
-static void writeDigits(uint32_t magnitude, uint8_t *end, uint32_t radix) {
-    do {
-        const Division division = divide(magnitude, radix);
-        *--end = digit(division.remainder);
-        magnitude = division.quotient;
-    } while (magnitude != 0);
+static char *fail(char *buffer) {
+    *buffer = 0;
+    return nullptr;
+}
+
+static char *writeDecimal(int32_t value, char *buffer, uint32_t size) {
+    const bool sign = value < 0;
+    const uint32_t magnitude = sign ? 0 - static_cast<uint32_t>(value) : static_cast<uint32_t>(value);
+    const uint32_t length = sign + countDecimalDigits(magnitude);
+    if (length >= size) return fail(buffer);
+    if (sign) *buffer = '-';
+    uint8_t *const end = bytesOf(buffer) + length;
+    *end = 0;
+    writeDecimalDigits(magnitude, end);
+    return buffer;
+}
+
+// How a radix divides: powers of two by shifts.
+template <class Divide>
+static char *writeDigits(uint32_t magnitude, char *buffer, uint32_t size, Divide divide) {
+    // The last digit comes first: what is written is turned round at the end.
+    uint8_t *const first = bytesOf(buffer);
+    uint8_t *last = first;
+    for (uint8_t *const limit = first + size - 1;;) {
+        if (last == limit) return fail(buffer);
+        *last = digit(divide(magnitude));
+        if (magnitude == 0) break;
+        ++last;
+    }
+    last[1] = 0;
+    for (uint8_t *at = first; at < last; ++at, --last) {
+        const uint8_t byte = *at;
+        *at = *last;
+        *last = byte;
+    }
+    return buffer;
+}
+
+static char *writeInRadix(uint32_t magnitude, char *buffer, uint32_t size, uint32_t radix) {
+    if ((radix & (radix - 1)) == 0) {
+        const uint32_t bits = static_cast<uint32_t>(__builtin_ctz(radix));
+        return writeDigits(magnitude, buffer, size, [=](uint32_t &rest) {
+            const uint32_t remainder = rest & (radix - 1);
+            rest >>= bits;
+            return remainder;
+        });
+    }
+    const Divisor divisor(radix);
+    return writeDigits(magnitude, buffer, size, [&](uint32_t &rest) { return divisor.divide(rest); });
 }
 
 char *TQANSI_itoa(int32_t value, char *buffer, int32_t size, int32_t radix) {
     if (buffer == nullptr || size <= 0) return nullptr;
-    if (value == 0) radix = 10;  // "0" is the same in every radix and in none.
-    const bool decimal = radix == 10;
-    const bool sign = decimal && value < 0;
+    // "0" is the same in every radix and in none.
+    if (radix == 10 || value == 0) return writeDecimal(value, buffer, static_cast<uint32_t>(size));
+    if (radix < smallestRadix || radix > largestRadix) return fail(buffer);
     const uint32_t magnitude = value < 0 ? 0 - static_cast<uint32_t>(value) : static_cast<uint32_t>(value);
-
-    const uint32_t length = sign + (decimal ? countDecimalDigits(magnitude) : countDigits(magnitude, radix));
-    if (length >= static_cast<uint32_t>(size)) {
-        *buffer = 0;
-        return nullptr;
-    }
-    uint8_t *const end = bytesOf(buffer) + length;
-    *end = 0;
-    if (sign) *buffer = '-';
-    if (decimal)
-        writeDecimalDigits(magnitude, end);
-    else
-        writeDigits(magnitude, end, static_cast<uint32_t>(radix));
-    return buffer;
+    return writeInRadix(magnitude, buffer, static_cast<uint32_t>(size), static_cast<uint32_t>(radix));
 }
