@@ -1,7 +1,6 @@
 #include <strlib.h>
 
-#include "detail/bytes.h"
-#include "detail/scan.h"
+#include "detail/copy.h"
 
 using namespace strlib;
 
@@ -39,17 +38,19 @@ static void moveToFront(uint8_t *field, const uint8_t *from) {
 char *string_operator_add(char *destination, const char *source, int32_t addend) {
     const uint8_t *const digits = bytesOf(source);
     const size_t length = measure(digits);
-    const size_t width = length > integerBytes ? length : integerBytes;
+    const size_t same = length > integerBytes ? length - integerBytes : 0;
     uint8_t *const field = bytesOf(destination);
-    uint8_t *at = field + width;
+    copyBytes(field, digits, same);
+    uint8_t *const end = field + same + integerBytes;
+    uint8_t *at = end;
     *at = 0;
-    for (size_t i = length; i-- > 0; addend = shifted(addend)) {
-        *--at = lowByte(uint32_t{digits[i]} + static_cast<uint32_t>(addend));
+    for (size_t i = length; i != same; addend = shifted(addend)) {
+        *--at = lowByte(uint32_t{digits[--i]} + static_cast<uint32_t>(addend));
     }
     for (; at != field && addend != 0; addend = shifted(addend)) *--at = lowByte(addend);
-    if (at == field + width)
+    if (length == 0 && at == end)
         *field = 0;
-    else if (at != field)
+    else if (same == 0 && at != field)
         moveToFront(field, at);
     return destination;
 }
