@@ -17,11 +17,11 @@
  *
  * No routine allocates, locks, or keeps anything between calls. Any number of threads may call any routines at once,
  * as long as no two calls write the same bytes. A string without a NUL is out of contract everywhere, except that where
- * a count limits what is read, as many bytes as the count says will do instead. Strings, their lengths and every position
- * in them are limited to 2147483647 bytes. No out-parameter may overlap a text or another out-parameter.
+ * a count limits what is read, as many bytes as the count says will do instead. Strings, their lengths and every
+ * position in them are limited to 2147483647 bytes. No out-parameter may overlap a text or another out-parameter.
  *
- * Where a routine is said not to read a byte, it does not depend on it and never faults on it: text may be read in aligned
- * blocks of up to 32 bytes around a byte that belongs to it, and no page of memory ends inside one.
+ * Where a routine is said not to read a byte, it does not depend on it and never faults on it: text may be read in
+ * aligned blocks of up to 32 bytes around a byte that belongs to it, and no page of memory ends inside one.
  *
  * Results that point into a `const char *` argument are plain `char *`, as in the classic C routines.
  */
@@ -445,8 +445,8 @@ int32_t TQ_sscanf(const char *input, const char *format, const intptr_t *argumen
  *
  * A line ends at a line feed, at the text's NUL, or when size bytes have been stored; the next piece of a longer line
  * is left to the next call. Step through a text by calling again on the source advanced by the result plus 1, until the
- * byte at the result is the NUL. With one more than the longest line wanted as the size, a full destination tells a line
- * that is too long.
+ * byte at the result is the NUL. With one more than the longest line wanted as the size, a full destination tells a
+ * line that is too long.
  *
  * `"he\rllo\r\nworld", 10 -> "hello", result 7`, `"abcdef", 3 -> "abc", result 2`
  * @param destination Room for size + 1 bytes (one more than the size), not null.
@@ -460,8 +460,8 @@ int32_t X_TAMBRO_gets(char *destination, int32_t size, const char *source) STRLI
 /**
  * @brief Finds the first token of a string, a longest run of bytes that are no delimiters, and its length.
  *
- * The next token is found by a call on the result advanced by the length, as long as tokens are shorter than 65536 bytes
- * (TQ_strtoken() knows no such limit).
+ * The next token is found by a call on the result advanced by the length, as long as tokens are shorter than 65536
+ * bytes (TQ_strtoken() knows no such limit).
  *
  * `",,a,b", "," -> position 2, length 1`, `"abc", "" -> position 0, length 3`
  * @param string A string, or null.
@@ -539,10 +539,11 @@ char *utf8ReadChar(const char *input, int32_t *valid, char *character) STRLIB_NO
 /**
  * @brief Finds the first place in a string where any character of a UTF-8 set stands.
  *
- * The set is read as characters of one to four bytes, each as long as its first byte says (0x01 to 0x7F: 1, 0xC0 to 0xDF:
- * 2, 0xE0 to 0xEF: 3, 0xF0 to 0xF7: 4) whatever bytes follow; one that the set's end cuts short is ignored. At each position of
- * the string (each byte, not each character) the set is gone through in order; where that meets a byte of 0x80 to 0xBF
- * or 0xF8 to 0xFF in a first place, the whole search ends. The cost grows with the product of both lengths.
+ * The set is read as characters of one to four bytes, each as long as its first byte says (0x01 to 0x7F: 1, 0xC0 to
+ * 0xDF: 2, 0xE0 to 0xEF: 3, 0xF0 to 0xF7: 4) whatever bytes follow; one that the set's end cuts short is ignored. At
+ * each position of the string (each byte, not each character) the set is gone through in order; where that meets a byte
+ * of 0x80 to 0xBF or 0xF8 to 0xFF in a first place, the whole search ends. The cost grows with the product of both
+ * lengths.
  * @param string A string, or null.
  * @param set A string, or null.
  * @return The position; null if there is none, if either string is empty or null, or if the search ended.
