@@ -18,7 +18,10 @@ inline constexpr bool inRange(uint8_t byte, uint8_t first, uint8_t last) {
 inline constexpr bool isBlank(uint8_t byte) { return inRange(byte, 1, ' '); }
 inline constexpr bool isDigit(uint8_t byte) { return inRange(byte, '0', '9'); }
 inline constexpr bool isCapital(uint8_t byte) { return inRange(byte, 'A', 'Z'); }
-inline constexpr bool isLetter(uint8_t byte) { return inRange(byte | caseBit, 'a', 'z'); }
+inline constexpr bool isLetter(uint8_t byte) {
+    const uint32_t capital = byte & (0xFFu - caseBit);  // One mask for the case and for what a register holds above.
+    return capital - 'A' <= 'Z' - 'A';
+}
 
 inline constexpr uint8_t folded(uint8_t byte) { return isCapital(byte) ? static_cast<uint8_t>(byte + caseBit) : byte; }
 

@@ -1,7 +1,7 @@
 #include <strlib.h>
 
 #include "detail/ascii.h"
-#include "detail/bytes.h"
+#include "detail/scan.h"
 
 using namespace strlib;
 
@@ -13,7 +13,17 @@ int32_t TQANSI_isalpha(int32_t character) { return isLetter(lowByte(character));
 
 int32_t TQANSI_isdigit(int32_t character) { return isDigit(lowByte(character)); }
 
-int32_t TQ_isBlankLine(const char *string) { return *skipBlanks(bytesOf(string)) == 0; }
+namespace {
+
+struct NoBlank {
+    block::Flags operator()(block::Block bytes) const {
+        return static_cast<block::Flags>(block::zeros(bytes) | block::inverse(block::atMost(bytes, ' ')));
+    }
+};
+
+}  // namespace
+
+int32_t TQ_isBlankLine(const char *string) { return *scan(bytesOf(string), NoBlank()) == 0; }
 
 int32_t TQ_isAttribute(uint32_t mask, const uint8_t *attributes, int32_t byte) {
     return attributes != nullptr && (attributes[lowByte(byte)] & mask) != 0;
