@@ -29,28 +29,36 @@ int32_t unicodeToUtf8(uint32_t codePoint, char *buffer) {
     return static_cast<int32_t>(length);
 }
 
+// The lead of the longest sequences; the two values above it begin nothing.
+static constexpr uint8_t lastLead = 0xFD;
+
+// What counts in the bits of a sequence, the lead's included: 11 of two bytes, and five more for each further one.
+static uint32_t withoutMark(uint32_t bits, uint32_t length) { return bits & ((uint32_t{2} << length * 5) - 1); }
+
+// Of a sequence of which only so many bytes are good. Overlong leads are followed by none.
+static char *fail(const uint8_t *bytes, uint32_t bits, uint32_t read, uint32_t *codePoint) {
+    const uint32_t ones = leadingOnes(bytes[0]);
+    if (ones <= longestSequence) *codePoint = withoutMark(bits << payloadBits * (ones - read), ones);
+    return resultAt(bytes + 1);
+}
+
 char *utf8ToUnicode(const char *input, uint32_t *codePoint, int32_t *length) {
     const uint8_t *const bytes = bytesOf(input);
     const uint8_t lead = bytes[0];
-    const uint32_t ones = leadingOnes(lead);
-    if (ones < 2) {
+    if (!isLead(lead)) {
         *codePoint = lead & 0x7F;  // A stray continuation byte counts as a character of its own.
         *length = 1;
         return resultAt(bytes + 1);
     }
     *length = 0;
-    if (ones > longestSequence) return resultAt(bytes + 1);
-
-    uint32_t shift = payloadBits * (ones - 1);
-    uint32_t value = uint32_t{leadPayload(lead, ones)} << shift;
-    bool whole = !isOverlongLead(lead);
-    for (uint32_t i = 1; i < ones && whole; ++i) {
-        whole = isContinuation(bytes[i]);
-        shift -= payloadBits;
-        if (whole) value |= uint32_t{continuationPayload(bytes[i])} << shift;
+    uint32_t bits = lead;
+    uint32_t read = 1;
+    if (lead > lastLead || isOverlongLead(lead)) return fail(bytes, bits, read, codePoint);
+    for (uint32_t rest = lead; hasFurther(rest); rest <<= 1, ++read) {
+        if (!isContinuation(bytes[read])) return fail(bytes, bits, read, codePoint);
+        bits = bits << payloadBits | continuationPayload(bytes[read]);
     }
-    *codePoint = value;
-    if (!whole) return resultAt(bytes + 1);
-    *length = static_cast<int32_t>(ones);
-    return resultAt(bytes + ones);
+    *codePoint = withoutMark(bits, read);
+    *length = static_cast<int32_t>(read);
+    return resultAt(bytes + read);
 }

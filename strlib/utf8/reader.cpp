@@ -1,5 +1,6 @@
 #include <strlib.h>
 
+#include "detail/ascii.h"
 #include "detail/bytes.h"
 #include "utf8/sequence.h"
 
@@ -7,24 +8,30 @@ using namespace strlib;
 
 static constexpr uint32_t longestCharacter = 4;
 
-// Copies the character as far as its bytes belong to it; its length, or 0 if it is invalid.
-static uint32_t readCharacter(const uint8_t *bytes, uint8_t *copy) {
-    const uint32_t ones = leadingOnes(bytes[0]);
-    if (ones == 1 || ones > longestCharacter || isOverlongLead(bytes[0])) return 0;
-    if (copy != nullptr) copy[0] = bytes[0];
-    for (uint32_t i = 1; i < ones; ++i) {
-        if (!isContinuation(bytes[i])) return 0;
-        if (copy != nullptr) copy[i] = bytes[i];
+// Leads that could encode nothing but what fits in one byte, or that begin longer sequences, are invalid.
+static constexpr uint8_t firstLead = 0xC2;
+static constexpr uint8_t lastLead = 0xF7;
+
+// Copies what continues a character of several bytes as far as it belongs to it; its length, or 0 if it is invalid.
+static uint32_t readSequence(const uint8_t *bytes, uint8_t *copy) {
+    if (!inRange(bytes[0], firstLead, lastLead)) return 0;
+    uint32_t length = 1;
+    for (uint32_t rest = bytes[0]; hasFurther(rest); rest <<= 1, ++length) {
+        if (!isContinuation(bytes[length])) return 0;
+        copy[length] = bytes[length];
     }
-    return ones == 0 ? 1 : ones;
+    return length;
 }
 
 char *utf8ReadChar(const char *input, int32_t *valid, char *character) {
+    uint8_t unwanted[longestCharacter + 1];
+    uint8_t *const copy = character == nullptr ? unwanted : bytesOf(character);
     const uint8_t *const bytes = bytesOf(input);
-    uint8_t *const copy = bytesOf(character);
-    const bool ended = bytes[0] == 0;
-    const uint32_t length = ended ? 0 : readCharacter(bytes, copy);
-    if (valid != nullptr) *valid = ended || length != 0;
-    if (copy != nullptr) copy[length] = 0;
-    return resultAt(bytes + (length == 0 && !ended ? 1 : length));
+    const uint8_t lead = bytes[0];
+    const uint32_t length = lead < 0x80 ? lead != 0 : readSequence(bytes, copy);
+    const bool isValid = length != 0 || lead == 0;
+    if (valid != nullptr) *valid = isValid;
+    copy[0] = lead;
+    copy[length] = 0;
+    return resultAt(bytes + (isValid ? length : 1));
 }

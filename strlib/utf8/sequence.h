@@ -16,14 +16,17 @@ inline constexpr uint32_t longestSequence = 6;
 // of its sequence. 7 and 8 (0xFE, 0xFF) begin nothing.
 inline uint32_t leadingOnes(uint8_t byte) { return static_cast<uint32_t>(__builtin_clz(~(uint32_t{byte} << 24))); }
 
+inline bool isLead(uint8_t byte) { return byte >= 0xC0; }
 inline bool isContinuation(uint8_t byte) { return (byte & 0xC0) == 0x80; }
+
+// Whether a lead promises one more byte, and again for each shift of it to the left. Cheaper than a count.
+inline bool hasFurther(uint32_t lead) { return (lead & 0x40) != 0; }
 
 // 0xC0 and 0xC1: all that their sequences could encode fits in one byte.
 inline bool isOverlongLead(uint8_t byte) { return (byte & 0xFE) == 0xC0; }
 
 // The bits that mark the lead byte of a sequence of two bytes and more, and those that are left for payload.
 inline uint8_t leadMark(uint32_t length) { return static_cast<uint8_t>(0xFF00u >> length & 0xFF); }
-inline uint8_t leadPayload(uint8_t lead, uint32_t length) { return static_cast<uint8_t>(lead & 0x7Fu >> length); }
 
 inline uint8_t continuation(uint32_t payload) { return static_cast<uint8_t>(0x80 | (payload & 0x3F)); }
 inline uint8_t continuationPayload(uint8_t byte) { return byte & 0x3F; }
