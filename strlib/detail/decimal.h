@@ -18,7 +18,8 @@ inline Decimal readDecimal(const uint8_t *at) {
     const bool negative = *at == '-';
     const uint8_t *const first = at + negative;
     uint32_t value = 0;
-    for (at = first; isDigit(*at); ++at) value = value * 10 + (*at - uint32_t{'0'});
+    at = first;
+    for (uint32_t digit; (digit = *at - uint32_t{'0'}) < 10; ++at) value = value * 10 + digit;
     return {negative ? 0 - value : value, at != first, at};
 }
 
