@@ -269,7 +269,7 @@ int32_t tellingInteger(Choices &choices) {
                                          99999,  1000000, 2147483647, -2147483647, INT32_MIN,  999999999, 1000000000,
                                          -65536, 10,      -100,       -999999999,  -1000000000};
     if (choices.below(2) == 0) return choices.pick(values);
-    return static_cast<int32_t>(choices.below(16) << choices.below(29)) * (choices.flag() ? -1 : 1);
+    return static_cast<int32_t>(choices.below(8) << choices.below(29)) * (choices.flag() ? -1 : 1);
 }
 
 void integerWriting(Choices &choices) {
