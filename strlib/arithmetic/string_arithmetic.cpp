@@ -28,29 +28,21 @@ static int32_t shifted(int32_t addend) {
     return rest == -1 ? 0 : rest;
 }
 
-// Moves a string of at most integerBytes bytes to the front of its field. Its first byte is moved even if it is 0.
-static void moveToFront(uint8_t *field, const uint8_t *from) {
-    do *field++ = *from++;
-    while (*from != 0);
-    *field = 0;
+// Moves a string with its NUL back by one and puts a byte before it.
+static void putBefore(uint8_t *string, size_t length, uint8_t byte) {
+    for (size_t i = length + 1; i != 0; --i) string[i] = string[i - 1];
+    string[0] = byte;
 }
 
 char *string_operator_add(char *destination, const char *source, int32_t addend) {
-    const uint8_t *const digits = bytesOf(source);
-    const size_t length = measure(digits);
-    const size_t same = length > integerBytes ? length - integerBytes : 0;
-    uint8_t *const field = bytesOf(destination);
-    copyBytes(field, digits, same);
-    uint8_t *const end = field + same + integerBytes;
-    uint8_t *at = end;
-    *at = 0;
-    for (size_t i = length; i != same; addend = shifted(addend)) {
-        *--at = lowByte(uint32_t{digits[--i]} + static_cast<uint32_t>(addend));
+    uint8_t *const digits = bytesOf(destination);
+    uint8_t *const end = destination == source ? digits + measure(digits) : copyString(digits, bytesOf(source));
+    size_t length = static_cast<size_t>(end - digits);
+    for (uint8_t *at = end; at != digits && addend != 0; addend = shifted(addend)) {
+        --at;
+        *at = lowByte(uint32_t{*at} + static_cast<uint32_t>(addend));
     }
-    for (; at != field && addend != 0; addend = shifted(addend)) *--at = lowByte(addend);
-    if (length == 0 && at == end)
-        *field = 0;
-    else if (same == 0 && at != field)
-        moveToFront(field, at);
+    // Anything is left only if the source was shorter than the integer.
+    for (; addend != 0; addend = shifted(addend)) putBefore(digits, length++, lowByte(addend));
     return destination;
 }
