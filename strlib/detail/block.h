@@ -28,7 +28,9 @@
 #elif defined(__ARM_NEON)
 #define STRLIB_BLOCK_NEON
 #include <arm_neon.h>
-#elif defined(__ARM_FEATURE_SIMD32)
+#endif
+
+#if !defined(STRLIB_BLOCK_BYTE) && !defined(STRLIB_BLOCK_WORD) && defined(__ARM_FEATURE_SIMD32)
 #define STRLIB_BLOCK_SIMD32
 #include <arm_acle.h>
 #endif
@@ -39,6 +41,68 @@ namespace {
 
 // Flags hold all ones (in plain words: the top bit) for each byte of a block that meets a condition, else zeros. A Mask
 // is the same packed into integers, a fixed number of bits a byte. The first byte is the one at the lowest address.
+
+#if !defined(STRLIB_BLOCK_X86)
+
+// Words: as many bytes as a general register holds, or one. They are the blocks where there are no vectors; where there
+// are, some routines are still better off with them.
+#if defined(STRLIB_BLOCK_BYTE)
+using Word = uint8_t;
+#elif defined(STRLIB_BLOCK_SIMD32)
+using Word = uint32_t;
+#else
+using Word = size_t;
+#endif
+
+// The same byte everywhere.
+inline constexpr Word splatWord(uint8_t byte) { return static_cast<Word>(static_cast<Word>(~Word{0}) / 0xFF * byte); }
+
+// The bytes up to a limit below 0x80.
+#if defined(STRLIB_BLOCK_BYTE)
+inline Word atMost(Word word, uint8_t limit) { return word <= limit; }
+inline Word inverse(Word flags) { return flags ^ 1; }
+#elif defined(STRLIB_BLOCK_SIMD32)
+// The sum carries out of every byte above the limit; the selection goes by the carries.
+inline Word atMost(Word word, uint8_t limit) {
+    __uadd8(word, splatWord(static_cast<uint8_t>(0xFF - limit)));
+    return __sel(0, splatWord(0xFF));
+}
+inline Word inverse(Word flags) { return ~flags; }
+#else
+// Exact, as no carry leaves its byte: the top bit is set by the sum unless the low seven bits are within the limit.
+inline Word atMost(Word word, uint8_t limit) {
+    constexpr Word low = splatWord(0x7F);
+    return ~(((word & low) + splatWord(static_cast<uint8_t>(0x7F - limit))) | word | low);
+}
+inline Word inverse(Word flags) { return flags ^ splatWord(0x80); }
+#endif
+inline Word zeros(Word word) { return atMost(word, 0); }
+inline Word equals(Word word, Word other) { return zeros(static_cast<Word>(word ^ other)); }
+
+// The top bit of each byte from `first` to `last`, both below 0x80: the sums carry into it, which is free in each byte,
+// from `first` and from `last` + 1 up, and bytes from 0x80 up are left out.
+inline Word within(Word word, uint8_t first, uint8_t last) {
+    const Word low = word & splatWord(0x7F);
+    const Word fromFirst = low + splatWord(static_cast<uint8_t>(0x80 - first));
+    const Word aboveLast = low + splatWord(static_cast<uint8_t>(0x7F - last));
+    return fromFirst & ~aboveLast & ~word & splatWord(0x80);
+}
+
+inline Word fold(Word word) { return static_cast<Word>(word + (within(word, 'A', 'Z') >> 2)); }
+
+// Zero in the bytes that are alike once folded: nothing but the bit of case differs, and that in letters.
+inline Word foldedDifference(Word word, Word other) {
+    const Word small = word | splatWord(0x20);
+#if defined(STRLIB_BLOCK_SIMD32)
+    __usub8(splatWord('z' - 'a'), __usub8(small, splatWord('a')));
+    const Word caseBits = __sel(splatWord(0x20), 0);
+#else
+    const Word caseBits = within(small, 'a', 'z') >> 2;
+#endif
+    return static_cast<Word>((word ^ other) & ~caseBits);
+}
+
+#endif
 
 #if defined(STRLIB_BLOCK_X86) || defined(STRLIB_BLOCK_NEON)
 
@@ -59,57 +123,25 @@ inline Flags inverse(Flags flags) { return ~flags; }
 // The bytes up to a limit below 0x80.
 inline Flags atMost(Block block, uint8_t limit) { return reinterpret_cast<Flags>(block <= splat(limit)); }
 
-// No byte is below 'A' - 0x80 or above 'Z' - 0x80 but the capitals, once their distance from 'A' is read as signed.
-inline Block fold(Block block) {
-    const Signed distance = reinterpret_cast<Signed>(block - static_cast<uint8_t>('A' + 0x80));
-    const Block capital = reinterpret_cast<Block>(distance < static_cast<int8_t>(26 - 0x80));
-    return block + (capital & 0x20);
+// No byte but those from `first` on, 26 of them, is below `first` + 26 - 0x80 once its distance is read as signed.
+inline Flags letters(Block block, uint8_t first) {
+    const Signed distance = reinterpret_cast<Signed>(block - static_cast<uint8_t>(first + 0x80));
+    return reinterpret_cast<Flags>(distance < static_cast<int8_t>(26 - 0x80));
+}
+
+inline Block fold(Block block) { return block + (letters(block, 'A') & 0x20); }
+
+// Zero in the bytes that are alike once folded: nothing but the bit of case differs, and that in letters.
+inline Block foldedDifference(Block block, Block other) {
+    return (block ^ other) & ~(letters(block | 0x20, 'a') & 0x20);
 }
 
 #else
 
-#if defined(STRLIB_BLOCK_BYTE)
-using Block = uint8_t;
-#elif defined(STRLIB_BLOCK_SIMD32)
-using Block = uint32_t;
-#else
-using Block = size_t;
-#endif
+using Block = Word;
+using Flags = Word;
 inline constexpr size_t size = sizeof(Block);
-using Flags = Block;
-
-// The same byte everywhere.
-inline constexpr Block splat(uint8_t byte) { return static_cast<Block>(static_cast<Block>(~Block{0}) / 0xFF * byte); }
-
-#if defined(STRLIB_BLOCK_BYTE)
-inline Flags atMost(Block block, uint8_t limit) { return block <= limit; }
-inline Flags inverse(Flags flags) { return flags ^ 1; }
-#elif defined(STRLIB_BLOCK_SIMD32)
-// The sum carries out of every byte above the limit; the selection goes by the carries.
-inline Flags atMost(Block block, uint8_t limit) {
-    __uadd8(block, splat(static_cast<uint8_t>(0xFF - limit)));
-    return __sel(0, splat(0xFF));
-}
-inline Flags inverse(Flags flags) { return ~flags; }
-#else
-// Exact, as no carry leaves its byte: the top bit is set by the sum unless the low seven bits are within the limit.
-inline Flags atMost(Block block, uint8_t limit) {
-    constexpr Block low = splat(0x7F);
-    return ~(((block & low) + splat(static_cast<uint8_t>(0x7F - limit))) | block | low);
-}
-inline Flags inverse(Flags flags) { return flags ^ splat(0x80); }
-#endif
-inline Flags zeros(Block block) { return atMost(block, 0); }
-inline Flags equals(Block block, Block other) { return zeros(static_cast<Block>(block ^ other)); }
-
-// The sums carry into the top bit, free in each byte, from 'A' and from 'Z' + 1 up; bytes from 0x80 up are no capitals.
-inline Block fold(Block block) {
-    const Block low = block & splat(0x7F);
-    const Block fromA = low + splat(0x80 - 'A');
-    const Block fromZ = low + splat(0x80 - 'Z' - 1);
-    const Block capital = fromA & ~fromZ & ~block & splat(0x80);
-    return static_cast<Block>(block + (capital >> 2));
-}
+inline constexpr Block splat(uint8_t byte) { return splatWord(byte); }
 
 #endif
 
@@ -247,6 +279,54 @@ inline Address addressOf(const uint8_t *at) { return reinterpret_cast<Address>(a
 inline const uint8_t *pointerTo(Address address) { return reinterpret_cast<const uint8_t *>(address); }
 inline size_t offsetIn(const uint8_t *at) { return addressOf(at) % size; }
 inline Block loadAligned(Address address) { return *reinterpret_cast<const Aligned *>(address); }
+
+#if defined(STRLIB_BLOCK_X86)
+
+// The same as first(), but the size for an empty mask, without a branch.
+inline size_t firstOrSize(Mask mask) {
+    if constexpr (size < 32) return static_cast<size_t>(__builtin_ctz(mask | Mask{1} << (size % 32)));
+    return static_cast<size_t>(__builtin_ctzll(mask | uint64_t{1} << size));
+}
+
+// The block that begins `offset` bytes into the first of two in a row. Instructions shift halves only: each half of the
+// result has bytes of the same half of `low`, of `middle` between the two, and of `high`; two of the three shifts are
+// so long that they leave zeros.
+inline Block joined(Block low, Block high, size_t offset) {
+    using Halves = long long __attribute__((vector_size(size)));
+    const auto first = reinterpret_cast<Halves>(low);
+    const auto last = reinterpret_cast<Halves>(high);
+#if defined(__AVX2__)
+    const Halves middle = __builtin_shufflevector(first, last, 2, 3, 4, 5);
+    // Which byte moves to each place; 0x80 gives a zero.
+    struct Places {
+        constexpr Places() : at{} {
+            for (uint8_t i = 0; i < sizeof(at); ++i) at[i] = i / 16 == 2 ? i % 16 : 0x80;
+        }
+        uint8_t at[80];
+    };
+    static constexpr Places places;
+    const auto shifted = [=](Halves halves, size_t start) {
+        const auto from = loadAs<__m128i>(places.at + start + offset);
+        return reinterpret_cast<Block>(_mm256_shuffle_epi8(halves, _mm256_broadcastsi128_si256(from)));
+    };
+    return shifted(first, 32) | shifted(middle, 16) | shifted(last, 0);
+#else
+    const Halves middle = __builtin_shufflevector(first, last, 1, 2);
+    const Halves bits = _mm_cvtsi32_si128(static_cast<int32_t>(offset * 8));
+    const auto upper = _mm_srl_epi64(middle, bits - 64) | _mm_sll_epi64(last, 128 - bits);
+    const auto lower = _mm_srl_epi64(first, bits) | _mm_sll_epi64(middle, 64 - bits);
+    return reinterpret_cast<Block>(lower | upper);
+#endif
+}
+
+#else
+
+inline Word loadAlignedWord(Address address) {
+    using AlignedWord __attribute__((may_alias)) = Word;
+    return *reinterpret_cast<const AlignedWord *>(address);
+}
+
+#endif
 
 }  // namespace
 }  // namespace strlib::block

@@ -28,10 +28,5 @@ int32_t TQANSI_strnicmp(const char *first, const char *second, int32_t count) {
 }
 
 int32_t TQANSI_memcmp(const void *first, const void *second, uint32_t count) {
-    const uint8_t *const a = static_cast<const uint8_t *>(first);
-    const uint8_t *const b = static_cast<const uint8_t *>(second);
-    for (uint32_t i = 0; i < count; ++i) {
-        if (a[i] != b[i]) return a[i] - b[i];
-    }
-    return 0;
+    return compareRanges(static_cast<const uint8_t *>(first), static_cast<const uint8_t *>(second), count);
 }
