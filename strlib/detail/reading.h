@@ -11,6 +11,7 @@ namespace strlib {
 namespace {
 
 struct Exact {
+    static constexpr bool folds = false;
     static uint8_t read(uint8_t byte) { return byte; }
     static block::Block readBlock(block::Block bytes) { return bytes; }
     static bool alike(uint8_t first, uint8_t second) { return first == second; }
@@ -23,6 +24,7 @@ struct Exact {
 };
 
 struct Folded {
+    static constexpr bool folds = true;
     static uint8_t read(uint8_t byte) { return folded(byte); }
     static block::Block readBlock(block::Block bytes) { return block::fold(bytes); }
     // Most pairs are the same byte, and most others not even the same letter: folding both would cost more.

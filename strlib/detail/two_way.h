@@ -3,17 +3,18 @@
 
 // The two-way search of Crochemore and Perrin: a substring in time linear in both lengths and constant space. The
 // sought bytes are cut in two at a place such that a mismatch right of it moves on by what was compared, and one left
-// of it by the period. Bytes are compared as a Reading reads them.
+// of it by the period. Bytes are compared as they stand or folded, by a flag: this is for texts where the fast ways
+// give up, and one copy of the code is enough.
 
+#include "detail/ascii.h"
 #include "detail/bytes.h"
 
 namespace strlib {
 namespace {
 
-template <class Reading>
 class TwoWay {
 public:
-    TwoWay(const uint8_t *sought, size_t length) : sought_(sought), length_(length) {
+    TwoWay(const uint8_t *sought, size_t length, bool folding) : sought_(sought), length_(length), folding_(folding) {
         const Suffix up = greatestSuffix(false);
         const Suffix down = greatestSuffix(true);
         const Suffix &greater = up.start > down.start ? up : down;
@@ -49,7 +50,7 @@ private:
         size_t period;
     };
 
-    static uint8_t byteOf(uint8_t byte) { return Reading::read(byte); }
+    uint8_t byteOf(uint8_t byte) const { return folding_ ? folded(byte) : byte; }
 
     // The greatest suffix in the order of bytes or its reverse, and its period.
     Suffix greatestSuffix(bool reversed) const {
@@ -82,6 +83,7 @@ private:
 
     const uint8_t *sought_;
     size_t length_;
+    bool folding_;
     size_t cut_;
     size_t period_;
     bool periodic_;

@@ -5,7 +5,7 @@
 
 using namespace strlib;
 
-static uint8_t *endOf(char *string) { return bytesOf(string) + measure(bytesOf(string)); }
+[[gnu::noinline]] static uint8_t *endOf(char *string) { return bytesOf(string) + measure(bytesOf(string)); }
 
 char *TQANSI_strcat(char *destination, const char *source) {
     if (destination != nullptr && source != nullptr) copyString(endOf(destination), bytesOf(source));

@@ -16,9 +16,10 @@ namespace {
 constexpr size_t budgetAtStart = 256;
 constexpr size_t budgetPerByte = 4;
 
-template <class Reading>
-[[gnu::noinline]] const uint8_t *findInBoundedTime(const uint8_t *string, const uint8_t *sought) {
-    return TwoWay<Reading>(sought, measure(sought)).find(string, measure(string));
+// Seldom needed: cold code is compiled for size.
+[[gnu::noinline, gnu::cold]] const uint8_t *findInBoundedTime(const uint8_t *string, const uint8_t *sought,
+                                                              bool folding) {
+    return TwoWay(sought, measure(sought), folding).find(string, measure(string));
 }
 
 // How many bytes at a place agree with the sought ones, not counting the NULs.
@@ -71,7 +72,7 @@ const uint8_t *findSubstring(const uint8_t *string, const uint8_t *sought) {
             if (place[agreed] == 0) return nullptr;
             spent += agreed;
             if (spent > budgetAtStart + budgetPerByte * (address - start)) {
-                return findInBoundedTime<Reading>(place + 1, sought);
+                return findInBoundedTime(place + 1, sought, Reading::folds);
             }
             places = block::after(places, index);
         }
@@ -83,7 +84,7 @@ const uint8_t *findSubstring(const uint8_t *string, const uint8_t *sought) {
 constexpr size_t longestCounted = 0xFFFF;
 
 // A substring as long as that matches only where the string ends as it does: one place.
-const uint8_t *findAtEnd(const uint8_t *string, const uint8_t *sought, size_t length) {
+[[gnu::noinline, gnu::cold]] const uint8_t *findAtEnd(const uint8_t *string, const uint8_t *sought, size_t length) {
     const size_t available = measure(string);
     if (available < length) return nullptr;
     const uint8_t *const place = string + (available - length);
