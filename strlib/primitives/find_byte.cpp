@@ -17,16 +17,17 @@ struct NulOrByte {
 const uint8_t *findLast(const uint8_t *string, const uint8_t *end, uint8_t byte) {
     if (string == end) return nullptr;
     const Byte isSought(byte);
+    const block::Address start = block::addressOf(string);
     const size_t offset = block::offsetIn(end - 1);
     block::Address address = block::addressOf(end - 1) - offset;
-    block::Mask found = block::upTo(block::pack(isSought(block::loadAligned(address))), offset + 1);
-    while (found == 0 && address > block::addressOf(string)) {
-        found = block::pack(isSought(block::loadAligned(address -= block::size)));
+    // Nothing before the string counts.
+    const auto inString = [&](block::Mask mask) { return address < start ? block::from(mask, start - address) : mask; };
+    block::Mask found = inString(block::upTo(block::pack(isSought(block::loadAligned(address))), offset + 1));
+    while (found == 0 && address > start) {
+        address -= block::size;
+        found = inString(block::pack(isSought(block::loadAligned(address))));
     }
-    if (found == 0) return nullptr;
-    // A place before the string may have been found, but then none in it.
-    const block::Address place = address + block::last(found);
-    return place < block::addressOf(string) ? nullptr : block::pointerTo(place);
+    return found == 0 ? nullptr : block::pointerTo(address + block::last(found));
 }
 
 }  // namespace

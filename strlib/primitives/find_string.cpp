@@ -63,9 +63,13 @@ const uint8_t *findSubstring(const uint8_t *string, const uint8_t *sought) {
         const block::Block bytes = block::loadAligned(address);
         const block::Mask end = block::from(block::pack(block::zeros(bytes)), before);
         block::Mask places = block::from(filter.candidates(bytes), before);
+        if (end != 0) {
+            // Nothing behind the end counts.
+            const size_t length = block::first(end);
+            places = length == 0 ? 0 : block::upTo(places, length);
+        }
         while (places != 0) {
             const size_t index = block::first(places);
-            if (end != 0 && block::first(end) < index) return nullptr;
             const uint8_t *const place = block::pointerTo(address + index);
             const size_t agreed = agreement<Reading>(place, sought);
             if (sought[agreed] == 0) return place;
