@@ -35,8 +35,10 @@ template <class Reading, class Limit>
     return i;
 }
 
+// Goes on where so many bytes are alike, those of a word or none. Apart, so that short comparisons save no registers.
 template <class Reading, class Limit>
-[[gnu::always_inline]] inline int32_t compareFrom(size_t i, const uint8_t *first, const uint8_t *second, Limit limit) {
+[[gnu::noinline]] int32_t compareOn(size_t i, const uint8_t *first, const uint8_t *second, Limit limit) {
+    if (i != 0) i = passWords<Reading>(first, second, limit);
     for (; limit.allows(i); ++i) {
         if (!Reading::alike(first[i], second[i])) return difference<Reading>(first[i], second[i]);
         if (first[i] == 0) return 0;
@@ -44,21 +46,15 @@ template <class Reading, class Limit>
     return 0;
 }
 
-// Goes on behind the first word. Apart, so that short comparisons save no registers.
-template <class Reading, class Limit>
-[[gnu::noinline]] int32_t compareOn(const uint8_t *first, const uint8_t *second, Limit limit) {
-    return compareFrom<Reading>(passWords<Reading>(first, second, limit), first, second, limit);
-}
-
 template <class Reading, class Limit>
 [[gnu::always_inline]] inline int32_t compareUpTo(const uint8_t *first, const uint8_t *second, Limit limit) {
-    if (!limit.allows(wordSize - 1)) return compareFrom<Reading>(0, first, second, limit);
+    if (!limit.allows(wordSize - 1)) return compareOn<Reading>(0, first, second, limit);
 #pragma GCC unroll 8
     for (size_t i = 0; i < wordSize; ++i) {
         if (!Reading::alike(first[i], second[i])) return difference<Reading>(first[i], second[i]);
         if (first[i] == 0) return 0;
     }
-    return compareOn<Reading>(first, second, limit);
+    return compareOn<Reading>(wordSize, first, second, limit);
 }
 
 // Bytes that all exist.
