@@ -36,10 +36,12 @@ inline uint32_t countDecimalDigits(uint32_t magnitude) {
     }
 }
 
-inline uint32_t decimalLength(int32_t value) {
-    return value < 0 ? 1 + countDecimalDigits(0 - static_cast<uint32_t>(value))
-                     : countDecimalDigits(static_cast<uint32_t>(value));
+inline uint32_t magnitudeOf(int32_t value) {
+    return value < 0 ? 0 - static_cast<uint32_t>(value) : static_cast<uint32_t>(value);
 }
+
+// The length of a number's text.
+inline uint32_t decimalLength(int32_t value) { return (value < 0) + countDecimalDigits(magnitudeOf(value)); }
 
 }  // namespace
 }  // namespace strlib

@@ -18,18 +18,19 @@ inline uint32_t smallDividedBy10(uint32_t value) { return value * 103 >> 10; }
 
 class Divisor {
 public:
-    explicit Divisor(uint32_t divisor) : divisor_(divisor), reciprocal_(reciprocalOf(divisor)) {}
+    explicit Divisor(uint32_t divisor)
+        : divisor_(divisor),
+          bits_(static_cast<uint32_t>(__builtin_ctz(divisor))),
+          reciprocal_((divisor & (divisor - 1)) == 0 ? 0 : reciprocalOf(divisor)) {}
 
-    // Divides a value and gives the remainder. The reciprocal is rounded down: the product is right or short by one.
+    // Divides a value and gives the remainder.
     uint32_t divide(uint32_t &value) const {
-        uint32_t quotient = static_cast<uint32_t>(value * uint64_t{reciprocal_} >> 32);
-        uint32_t remainder = value - quotient * divisor_;
-        if (remainder >= divisor_) {
-            remainder -= divisor_;
-            ++quotient;
-        }
-        value = quotient;
-        return remainder;
+        const uint32_t dividend = value;
+        value = reciprocal_ == 0 ? dividend >> bits_ : static_cast<uint32_t>(dividend * uint64_t{reciprocal_} >> 32);
+        const uint32_t remainder = dividend - value * divisor_;
+        if (remainder < divisor_) return remainder;
+        ++value;  // The reciprocal is rounded down: the product is right or short by one.
+        return remainder - divisor_;
     }
 
 private:
@@ -54,7 +55,8 @@ private:
     }
 
     uint32_t divisor_;
-    uint32_t reciprocal_;
+    uint32_t bits_;
+    uint32_t reciprocal_;  // 0 for powers of two, which divide by shifts
 };
 
 }  // namespace

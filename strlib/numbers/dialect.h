@@ -6,7 +6,7 @@
 #include <strlib.h>
 
 #include "detail/ascii.h"
-#include "detail/bytes.h"
+#include "detail/copy.h"
 
 namespace strlib {
 namespace {
@@ -39,6 +39,11 @@ inline uint8_t escaped(uint8_t byte) {
         case 'n': return '\n';
         default: return byte;
     }
+}
+
+// Copies a field or a run of plain bytes: once in the code for all who do.
+[[gnu::noinline]] inline void copyPiece(uint8_t *destination, const uint8_t *source, size_t count) {
+    copyBytes(destination, source, count);
 }
 
 }  // namespace

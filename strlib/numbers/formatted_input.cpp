@@ -1,6 +1,5 @@
 #include <strlib.h>
 
-#include "detail/copy.h"
 #include "detail/decimal.h"
 #include "numbers/dialect.h"
 
@@ -141,7 +140,7 @@ public:
         if (width == 0) return false;
         const uint32_t room = static_cast<uint32_t>(width) - 1;  // without a width more than any field takes
         const size_t count = scanUpTo(at_, room, ends);
-        copyBytes(destination, at_, count);
+        copyPiece(destination, at_, count);
         destination[count] = 0;
         at_ += count;
         return count != 0;

@@ -1,6 +1,5 @@
 #include <strlib.h>
 
-#include "detail/copy.h"
 #include "detail/decimal.h"
 #include "numbers/dialect.h"
 
@@ -42,7 +41,7 @@ public:
     }
 
     void putBytes(const uint8_t *bytes, size_t count) {
-        copyBytes(at_, bytes, count);
+        copyPiece(at_, bytes, count);
         advance(count);
     }
 

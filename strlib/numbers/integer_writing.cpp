@@ -54,26 +54,23 @@ static char *fail(char *buffer) {
 }
 
 static char *writeDecimal(int32_t value, char *buffer, uint32_t size) {
-    const bool sign = value < 0;
-    const uint32_t magnitude = sign ? 0 - static_cast<uint32_t>(value) : static_cast<uint32_t>(value);
-    const uint32_t length = sign + countDecimalDigits(magnitude);
+    const uint32_t length = decimalLength(value);
     if (length >= size) return fail(buffer);
-    if (sign) *buffer = '-';
+    if (value < 0) *buffer = '-';
     uint8_t *const end = bytesOf(buffer) + length;
     *end = 0;
-    writeDecimalDigits(magnitude, end);
+    writeDecimalDigits(magnitudeOf(value), end);
     return buffer;
 }
 
-// How a radix divides: powers of two by shifts.
-template <class Divide>
-static char *writeDigits(uint32_t magnitude, char *buffer, uint32_t size, Divide divide) {
+static char *writeDigits(uint32_t magnitude, char *buffer, uint32_t size, uint32_t radix) {
     // The last digit comes first: what is written is turned round at the end.
     uint8_t *const first = bytesOf(buffer);
     uint8_t *last = first;
+    const Divisor divisor(radix);
     for (uint8_t *const limit = first + size - 1;;) {
         if (last == limit) return fail(buffer);
-        *last = digit(divide(magnitude));
+        *last = digit(divisor.divide(magnitude));
         if (magnitude == 0) break;
         ++last;
     }
@@ -86,24 +83,10 @@ static char *writeDigits(uint32_t magnitude, char *buffer, uint32_t size, Divide
     return buffer;
 }
 
-static char *writeInRadix(uint32_t magnitude, char *buffer, uint32_t size, uint32_t radix) {
-    if ((radix & (radix - 1)) == 0) {
-        const uint32_t bits = static_cast<uint32_t>(__builtin_ctz(radix));
-        return writeDigits(magnitude, buffer, size, [=](uint32_t &rest) {
-            const uint32_t remainder = rest & (radix - 1);
-            rest >>= bits;
-            return remainder;
-        });
-    }
-    const Divisor divisor(radix);
-    return writeDigits(magnitude, buffer, size, [&](uint32_t &rest) { return divisor.divide(rest); });
-}
-
 char *TQANSI_itoa(int32_t value, char *buffer, int32_t size, int32_t radix) {
     if (buffer == nullptr || size <= 0) return nullptr;
     // "0" is the same in every radix and in none.
     if (radix == 10 || value == 0) return writeDecimal(value, buffer, static_cast<uint32_t>(size));
     if (radix < smallestRadix || radix > largestRadix) return fail(buffer);
-    const uint32_t magnitude = value < 0 ? 0 - static_cast<uint32_t>(value) : static_cast<uint32_t>(value);
-    return writeInRadix(magnitude, buffer, static_cast<uint32_t>(size), static_cast<uint32_t>(radix));
+    return writeDigits(magnitudeOf(value), buffer, static_cast<uint32_t>(size), static_cast<uint32_t>(radix));
 }
