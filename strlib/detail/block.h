@@ -111,6 +111,7 @@ inline constexpr size_t size = 32;
 #else
 inline constexpr size_t size = 16;
 #endif
+inline constexpr bool isWord = false;
 using Block = uint8_t __attribute__((vector_size(size)));
 using Signed = int8_t __attribute__((vector_size(size)));
 using Flags = Block;
@@ -141,6 +142,7 @@ inline Block foldedDifference(Block block, Block other) {
 using Block = Word;
 using Flags = Word;
 inline constexpr size_t size = sizeof(Block);
+inline constexpr bool isWord = true;
 inline constexpr Block splat(uint8_t byte) { return splatWord(byte); }
 
 #endif
@@ -157,12 +159,13 @@ inline Mask pack(Flags flags) { return static_cast<Mask>(_mm_movemask_epi8(reint
 
 #elif defined(STRLIB_BLOCK_NEON)
 
-// NEON has no way to gather top bits; narrowing by four bits leaves four a byte.
-using Mask = uint64_t;
-inline constexpr uint32_t maskBits = 4;
+// NEON has no way to gather top bits: each byte keeps other two of its bits, then neighbours are added, twice.
+using Mask = uint32_t;
+inline constexpr uint32_t maskBits = 2;
 inline Mask pack(Flags flags) {
-    const uint8x8_t narrow = vshrn_n_u16(vreinterpretq_u16_u8(reinterpret_cast<uint8x16_t>(flags)), 4);
-    return vget_lane_u64(vreinterpret_u64_u8(narrow), 0);
+    const uint8x16_t bits = vandq_u8(reinterpret_cast<uint8x16_t>(flags), vreinterpretq_u8_u32(vdupq_n_u32(0xC0300C03)));
+    const uint8x8_t pairs = vpadd_u8(vget_low_u8(bits), vget_high_u8(bits));
+    return vget_lane_u32(vreinterpret_u32_u8(vpadd_u8(pairs, pairs)), 0);
 }
 
 #else
@@ -173,6 +176,16 @@ inline Mask pack(Flags flags) { return flags; }
 
 #endif
 
+// Whether any byte is flagged.
+#if defined(STRLIB_BLOCK_NEON)
+inline bool any(Flags flags) {
+    const uint8x8_t narrow = vshrn_n_u16(vreinterpretq_u16_u8(reinterpret_cast<uint8x16_t>(flags)), 4);
+    return vget_lane_u64(vreinterpret_u64_u8(narrow), 0) != 0;
+}
+#else
+inline bool any(Flags flags) { return pack(flags) != 0; }
+#endif
+
 // How many blocks a loop takes before it jumps back. x86 jumps no more than once a cycle; ARM would only grow.
 #if defined(STRLIB_BLOCK_X86)
 inline constexpr int blocksATurn = 4;
@@ -180,22 +193,15 @@ inline constexpr int blocksATurn = 4;
 inline constexpr int blocksATurn = 1;
 #endif
 
-// The positions of the first and the last byte of a mask that is not 0. Wide masks go by halves where a machine's
-// registers do not hold them: the compiler would call its run time.
+// The positions of the first and the last bit of a mask that is not 0.
 inline uint32_t lowestBit(Mask mask) {
     if constexpr (sizeof(Mask) <= sizeof(uint32_t)) return static_cast<uint32_t>(__builtin_ctz(mask));
-    if constexpr (sizeof(size_t) == 8) return static_cast<uint32_t>(__builtin_ctzll(mask));
-    const uint32_t low = static_cast<uint32_t>(mask);
-    if (low != 0) return static_cast<uint32_t>(__builtin_ctz(low));
-    return 32 + static_cast<uint32_t>(__builtin_ctz(static_cast<uint32_t>(uint64_t{mask} >> 32)));
+    return static_cast<uint32_t>(__builtin_ctzll(mask));
 }
 
 inline uint32_t highestBit(Mask mask) {
     if constexpr (sizeof(Mask) <= sizeof(uint32_t)) return 31 - static_cast<uint32_t>(__builtin_clz(mask));
-    if constexpr (sizeof(size_t) == 8) return 63 - static_cast<uint32_t>(__builtin_clzll(mask));
-    const uint32_t high = static_cast<uint32_t>(uint64_t{mask} >> 32);
-    if (high != 0) return 63 - static_cast<uint32_t>(__builtin_clz(high));
-    return 31 - static_cast<uint32_t>(__builtin_clz(static_cast<uint32_t>(mask)));
+    return 63 - static_cast<uint32_t>(__builtin_clzll(mask));
 }
 
 // Whether the first byte has the lowest bits of a mask. In a big-endian word it has the highest.
@@ -221,6 +227,12 @@ inline Mask after(Mask mask, size_t index) {
     const Mask all = static_cast<Mask>(~Mask{0});
     const size_t bits = index * maskBits;
     return static_cast<Mask>(mask & (lowestFirst ? all << bits << maskBits : all >> bits >> maskBits));
+}
+
+// The mask without the flags from the first one of another mask on, which is not empty.
+inline Mask before(Mask mask, Mask end) {
+    if constexpr (lowestFirst) return static_cast<Mask>(mask & ((Mask{1} << lowestBit(end)) - 1));
+    return static_cast<Mask>(mask & ~(static_cast<Mask>(~Mask{0}) >> (allMaskBits - 1 - highestBit(end))));
 }
 
 // The mask of the first `count` bytes only, at least one.

@@ -28,8 +28,16 @@ template <class Ends>
     const size_t offset = block::offsetIn(at);
     block::Address address = block::addressOf(at) - offset;
     block::Mask found = block::from(block::pack(ends(block::loadAligned(address))), offset);
+    if (found == 0) {
+        block::Flags flags;
+        bool any;
 #pragma GCC unroll block::blocksATurn
-    while (found == 0) found = block::pack(ends(block::loadAligned(address += block::size)));
+        do {
+            flags = ends(block::loadAligned(address += block::size));
+            any = block::any(flags);
+        } while (!any);
+        found = block::pack(flags);
+    }
     return block::pointerTo(address + block::first(found));
 }
 
@@ -42,11 +50,17 @@ template <class Ends>
     block::Address address = block::addressOf(at) - offset;
     block::Mask found = block::from(block::pack(ends(block::loadAligned(address))), offset);
     size_t count = 0 - offset;  // of the bytes before the block
+    if (found == 0) {
+        block::Flags flags;
+        bool any;
 #pragma GCC unroll block::blocksATurn
-    while (found == 0) {
-        count += block::size;
-        if (count >= limit) return limit;
-        found = block::pack(ends(block::loadAligned(address += block::size)));
+        do {
+            count += block::size;
+            if (count >= limit) return limit;
+            flags = ends(block::loadAligned(address += block::size));
+            any = block::any(flags);
+        } while (!any);
+        found = block::pack(flags);
     }
     count += block::first(found);
     return count < limit ? count : limit;

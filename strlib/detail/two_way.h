@@ -8,6 +8,7 @@
 
 #include "detail/ascii.h"
 #include "detail/bytes.h"
+#include "detail/reading.h"
 
 namespace strlib {
 namespace {
@@ -29,14 +30,14 @@ public:
         size_t known = 0;  // bytes at the front that are known to match, in a periodic search
         for (size_t place = 0; count - place >= length_;) {
             size_t i = known > cut_ ? known : cut_;
-            while (i < length_ && byteOf(bytes[place + i]) == byteOf(sought_[i])) ++i;
+            while (i < length_ && alike(bytes[place + i], sought_[i])) ++i;
             if (i < length_) {
                 place += i - cut_ + 1;
                 known = 0;
                 continue;
             }
             i = cut_;
-            while (i > known && byteOf(bytes[place + i - 1]) == byteOf(sought_[i - 1])) --i;
+            while (i > known && alike(bytes[place + i - 1], sought_[i - 1])) --i;
             if (i <= known) return bytes + place;
             place += period_;
             known = periodic_ ? length_ - period_ : 0;
@@ -51,6 +52,10 @@ private:
     };
 
     uint8_t byteOf(uint8_t byte) const { return folding_ ? folded(byte) : byte; }
+
+    bool alike(uint8_t first, uint8_t second) const {
+        return first == second || (folding_ && Folded::alike(first, second));
+    }
 
     // The greatest suffix in the order of bytes or its reverse, and its period.
     Suffix greatestSuffix(bool reversed) const {

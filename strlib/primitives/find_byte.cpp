@@ -20,13 +20,13 @@ const uint8_t *findLast(const uint8_t *string, const uint8_t *end, uint8_t byte)
     const block::Address start = block::addressOf(string);
     const size_t offset = block::offsetIn(end - 1);
     block::Address address = block::addressOf(end - 1) - offset;
-    // Nothing before the string counts.
-    const auto inString = [&](block::Mask mask) { return address < start ? block::from(mask, start - address) : mask; };
-    block::Mask found = inString(block::upTo(block::pack(isSought(block::loadAligned(address))), offset + 1));
-    while (found == 0 && address > start) {
+    block::Mask found = block::upTo(block::pack(isSought(block::loadAligned(address))), offset + 1);
+    while (address > start) {
+        if (found != 0) return block::pointerTo(address + block::last(found));
         address -= block::size;
-        found = inString(block::pack(isSought(block::loadAligned(address))));
+        found = block::pack(isSought(block::loadAligned(address)));
     }
+    found = block::from(found, start - address);  // Nothing before the string counts.
     return found == 0 ? nullptr : block::pointerTo(address + block::last(found));
 }
 

@@ -12,9 +12,9 @@ using namespace strlib;
 
 namespace {
 
-// Bytes compared for nothing: so many in advance, and so many for each byte passed.
-constexpr size_t budgetAtStart = 256;
+// Bytes compared for nothing: so many for each byte passed, of which so many count in advance.
 constexpr size_t budgetPerByte = 4;
+constexpr size_t budgetAtStart = 64;
 
 // Seldom needed: cold code is compiled for size.
 [[gnu::noinline, gnu::cold]] const uint8_t *findInBoundedTime(const uint8_t *string, const uint8_t *sought,
@@ -41,8 +41,10 @@ public:
     // The places in a block where both bytes stand, or the first does and the second may, being outside.
     block::Mask candidates(block::Block bytes) const {
         const block::Block read = Reading::readBlock(bytes);
+        const block::Mask places = block::pack(block::equals(read, first_));
+        if (block::isWord && places == 0) return 0;  // Often so in a word, seldom in a vector.
         const block::Mask followed = block::ofSuccessors(block::pack(block::equals(read, second_)));
-        return static_cast<block::Mask>(block::pack(block::equals(read, first_)) & (followed | always_));
+        return static_cast<block::Mask>(places & (followed | always_));
     }
 
 private:
@@ -59,15 +61,16 @@ const uint8_t *findSubstring(const uint8_t *string, const uint8_t *sought) {
     block::Address address = block::addressOf(string) - offset;
     const block::Address start = address;
     size_t before = offset;  // bytes at the front of the block that do not count
-    for (size_t spent = 0;; address += block::size, before = 0) {
+    for (size_t spent = 0;; address += block::size) {
         const block::Block bytes = block::loadAligned(address);
-        const block::Mask end = block::from(block::pack(block::zeros(bytes)), before);
-        block::Mask places = block::from(filter.candidates(bytes), before);
-        if (end != 0) {
-            // Nothing behind the end counts.
-            const size_t length = block::first(end);
-            places = length == 0 ? 0 : block::upTo(places, length);
+        block::Mask end = block::pack(block::zeros(bytes));
+        block::Mask places = filter.candidates(bytes);
+        if (before != 0) {
+            end = block::from(end, before);
+            places = block::from(places, before);
+            before = 0;
         }
+        if (end != 0) places = block::before(places, end);
         while (places != 0) {
             const size_t index = block::first(places);
             const uint8_t *const place = block::pointerTo(address + index);
@@ -75,7 +78,7 @@ const uint8_t *findSubstring(const uint8_t *string, const uint8_t *sought) {
             if (sought[agreed] == 0) return place;
             if (place[agreed] == 0) return nullptr;
             spent += agreed;
-            if (spent > budgetAtStart + budgetPerByte * (address - start)) {
+            if (spent / budgetPerByte > budgetAtStart + (address - start)) {
                 return findInBoundedTime(place + 1, sought, Reading::folds);
             }
             places = block::after(places, index);
