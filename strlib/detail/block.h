@@ -79,6 +79,16 @@ inline Word inverse(Word flags) { return flags ^ splatWord(0x80); }
 inline Word zeros(Word word) { return atMost(word, 0); }
 inline Word equals(Word word, Word other) { return zeros(static_cast<Word>(word ^ other)); }
 
+// The same, and what is flagged already.
+inline Word orEquals(Word flags, Word word, Word other) {
+#if defined(STRLIB_BLOCK_SIMD32)
+    __uadd8(word ^ other, splatWord(0xFF));
+    return __sel(flags, splatWord(0xFF));
+#else
+    return static_cast<Word>(flags | equals(word, other));
+#endif
+}
+
 // The top bit of each byte from `first` to `last`, both below 0x80: the sums carry into it, which is free in each byte,
 // from `first` and from `last` + 1 up, and bytes from 0x80 up are left out.
 inline Word within(Word word, uint8_t first, uint8_t last) {
@@ -119,6 +129,7 @@ using Flags = Block;
 inline Block splat(uint8_t byte) { return Block{} + byte; }
 inline Flags zeros(Block block) { return reinterpret_cast<Flags>(block == 0); }
 inline Flags equals(Block block, Block other) { return reinterpret_cast<Flags>(block == other); }
+inline Flags orEquals(Flags flags, Block block, Block other) { return flags | equals(block, other); }
 inline Flags inverse(Flags flags) { return ~flags; }
 
 // The bytes up to a limit below 0x80.

@@ -48,21 +48,22 @@ inline constexpr size_t fewMembers = 4;
 class FewBytes {
 public:
     FewBytes(const uint8_t *members, size_t count) {
+#pragma GCC unroll 4
         for (size_t i = 0; i < fewMembers; ++i) members_[i] = block::splat(members[i < count ? i : 0]);
     }
 
     [[gnu::always_inline]] const uint8_t *find(const uint8_t *at) const {
-        return scan(at, [&](block::Block bytes) -> block::Flags { return block::zeros(bytes) | anyIn(bytes); });
+        return scan(at, [&](block::Block bytes) { return orAnyIn(block::zeros(bytes), bytes); });
     }
     [[gnu::always_inline]] const uint8_t *skip(const uint8_t *at) const {
-        return scan(at, [&](block::Block bytes) { return block::inverse(anyIn(bytes)); });
+        return scan(at, [&](block::Block bytes) { return block::inverse(orAnyIn(block::Flags{}, bytes)); });
     }
 
 private:
-    [[gnu::always_inline]] block::Flags anyIn(block::Block bytes) const {
-        const block::Flags firstTwo = block::equals(bytes, members_[0]) | block::equals(bytes, members_[1]);
-        const block::Flags lastTwo = block::equals(bytes, members_[2]) | block::equals(bytes, members_[3]);
-        return static_cast<block::Flags>(firstTwo | lastTwo);
+    [[gnu::always_inline]] block::Flags orAnyIn(block::Flags flags, block::Block bytes) const {
+#pragma GCC unroll 4
+        for (size_t i = 0; i < fewMembers; ++i) flags = block::orEquals(flags, bytes, members_[i]);
+        return flags;
     }
 
     block::Block members_[fewMembers];
@@ -71,7 +72,8 @@ private:
 // What `use` makes of the set, in the form that serves it best. An empty set has the NUL as its only member.
 template <class Use>
 [[gnu::always_inline]] inline auto withSet(const uint8_t *members, Use use) {
-    const size_t count = measureUpTo(members, fewMembers + 1);
+    size_t count = 0;
+    while (count <= fewMembers && members[count] != 0) ++count;
     return count <= fewMembers ? use(FewBytes(members, count)) : use(ByteSet(members));
 }
 

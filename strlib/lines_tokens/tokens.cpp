@@ -4,33 +4,20 @@
 
 using namespace strlib;
 
-namespace {
-
-// The first token of a string; the end is looked for only where it is wanted.
-struct Token {
-    const uint8_t *first;
-    const uint8_t *end;
-};
-
-Token findToken(const char *string, const char *delimiters, bool endWanted) {
-    if (isEmpty(string) || delimiters == nullptr) return {nullptr, nullptr};
-    return withSet(bytesOf(delimiters), [=](const auto &set) -> Token {
+char *TQ_strtoken(const char *string, const char *delimiters, char **end) {
+    if (isEmpty(string) || delimiters == nullptr) return nullptr;
+    return withSet(bytesOf(delimiters), [=](const auto &set) -> char * {
         const uint8_t *const first = set.skip(bytesOf(string));
-        if (*first == 0) return {nullptr, nullptr};
-        return {first, endWanted ? set.find(first + 1) : first};
+        if (*first == 0) return nullptr;
+        if (end != nullptr) *end = resultAt(set.find(first + 1));
+        return resultAt(first);
     });
 }
 
-}  // namespace
-
 char *TQ_strtoklen(const char *string, const char *delimiters, uint16_t *length) {
-    const Token token = findToken(string, delimiters, length != nullptr);
-    if (length != nullptr) *length = static_cast<uint16_t>(token.end - token.first);
-    return resultAt(token.first);
-}
-
-char *TQ_strtoken(const char *string, const char *delimiters, char **end) {
-    const Token token = findToken(string, delimiters, end != nullptr);
-    if (end != nullptr && token.first != nullptr) *end = resultAt(token.end);
-    return resultAt(token.first);
+    if (length == nullptr) return TQ_strtoken(string, delimiters, nullptr);
+    char *end;
+    char *const first = TQ_strtoken(string, delimiters, &end);
+    *length = first == nullptr ? uint16_t{0} : static_cast<uint16_t>(end - first);
+    return first;
 }

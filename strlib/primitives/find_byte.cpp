@@ -8,7 +8,7 @@ namespace {
 
 struct NulOrByte {
     explicit NulOrByte(uint8_t byte) : sought(block::splat(byte)) {}
-    block::Flags operator()(block::Block bytes) const { return block::zeros(bytes) | block::equals(bytes, sought); }
+    block::Flags operator()(block::Block bytes) const { return block::orEquals(block::zeros(bytes), bytes, sought); }
 
     block::Block sought;
 };
