@@ -12,7 +12,7 @@ BUILDS = {"O2": "`-O2`", "Os": "`-Os`", "neon": "NEON `-O2`"}
 COLUMNS = [f"{build} {kind}" for build in BUILDS for kind in ("code", "stack")]
 CEILINGS = HERE / "ceilings.tsv"
 SHARED, CONSTANTS, TOTAL = "shared helpers", "constant data", "total"
-LARGEST_TOTAL = 12288
+LARGEST_TOTAL = {"O2 code": 12288, "Os code": 12288, "neon code": 13824}  # Vector code is longer.
 DEEPEST_STACK = 512
 PREFIX = "arm-linux-gnueabihf-"
 NEWLIB = "/usr/lib/arm-none-eabi/newlib/thumb/v7-a+fp/hard/libc.a"
@@ -152,7 +152,7 @@ def excesses(rows):
             sizes = (f"{rows[name][column]} bytes of {column} (ceiling {ceilings[name][column]})" for column in passed)
             yield f"{name}: {', '.join(sizes)}"
     for column, value in rows[TOTAL].items():
-        limit = DEEPEST_STACK if column.endswith("stack") else LARGEST_TOTAL
+        limit = DEEPEST_STACK if column.endswith("stack") else LARGEST_TOTAL[column]
         if value > limit:
             yield f"the whole library: {value} bytes of {column}, limit {limit}"
 
@@ -200,7 +200,8 @@ def document(rows):
     yield "- The columns of the C libraries give routines of the same kind with their local functions, and not what else"
     yield "  these draw in. Integer-only ones of newlib stand for the formats; glibc's `strtol`, `printf` and `scanf` are"
     yield "  those with locales and floating point."
-    yield f"- Limits: {LARGEST_TOTAL} bytes of code at `-O2`, {DEEPEST_STACK} bytes of stack."
+    yield f"- Limits: {LARGEST_TOTAL['O2 code']} bytes of code at `-O2`, {LARGEST_TOTAL['neon code']} with NEON, whose"
+    yield f"  instructions are all long, and {DEEPEST_STACK} bytes of stack."
     yield ""
     heads = [f"{title} {kind}" for title in BUILDS.values() for kind in ("code", "stack")]
     yield "| | " + " | ".join([*heads, "newlib code", "glibc code"]) + " |"

@@ -1,6 +1,6 @@
 #include <strlib.h>
 
-#include "detail/copy.h"
+#include "detail/scan.h"
 
 using namespace strlib;
 
@@ -12,8 +12,8 @@ static uint32_t digitFromEnd(const uint8_t *string, size_t length, size_t positi
 }
 
 int32_t string_operator_diff(const char *first, const char *second) {
-    const size_t firstLength = measure(bytesOf(first));
-    const size_t secondLength = measure(bytesOf(second));
+    const size_t firstLength = static_cast<size_t>(TQANSI_strlen(first));
+    const size_t secondLength = static_cast<size_t>(TQANSI_strlen(second));
     uint32_t sum = 0;
     for (size_t k = integerBytes; k-- > 0;) {
         sum =
@@ -36,7 +36,7 @@ static void putBefore(uint8_t *string, size_t length, uint8_t byte) {
 
 char *string_operator_add(char *destination, const char *source, int32_t addend) {
     uint8_t *const digits = bytesOf(destination);
-    uint8_t *const end = destination == source ? digits + measure(digits) : copyString(digits, bytesOf(source));
+    uint8_t *const end = destination == source ? digits + measure(digits) : bytesOf(TQ_strappend(destination, source));
     size_t length = static_cast<size_t>(end - digits);
     for (uint8_t *at = end; at != digits && addend != 0; addend = shifted(addend)) {
         --at;

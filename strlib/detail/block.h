@@ -174,7 +174,8 @@ inline Mask pack(Flags flags) { return static_cast<Mask>(_mm_movemask_epi8(reint
 using Mask = uint32_t;
 inline constexpr uint32_t maskBits = 2;
 inline Mask pack(Flags flags) {
-    const uint8x16_t bits = vandq_u8(reinterpret_cast<uint8x16_t>(flags), vreinterpretq_u8_u32(vdupq_n_u32(0xC0300C03)));
+    const uint8x16_t bits =
+        vandq_u8(reinterpret_cast<uint8x16_t>(flags), vreinterpretq_u8_u32(vdupq_n_u32(0xC0300C03)));
     const uint8x8_t pairs = vpadd_u8(vget_low_u8(bits), vget_high_u8(bits));
     return vget_lane_u32(vreinterpret_u32_u8(vpadd_u8(pairs, pairs)), 0);
 }

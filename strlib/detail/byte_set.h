@@ -42,14 +42,13 @@ private:
     uint8_t entries_[256];
 };
 
-inline constexpr size_t fewMembers = 4;
-
-// The same of one to fewMembers members.
+// The same of one to `most` members.
+template <size_t most>
 class FewBytes {
 public:
     FewBytes(const uint8_t *members, size_t count) {
 #pragma GCC unroll 4
-        for (size_t i = 0; i < fewMembers; ++i) members_[i] = block::splat(members[i < count ? i : 0]);
+        for (size_t i = 0; i < most; ++i) members_[i] = block::splat(members[i < count ? i : 0]);
     }
 
     [[gnu::always_inline]] const uint8_t *find(const uint8_t *at) const {
@@ -59,22 +58,24 @@ public:
         return scan(at, [&](block::Block bytes) { return block::inverse(orAnyIn(block::Flags{}, bytes)); });
     }
 
-private:
+    // The bytes that are members, and what is flagged already.
     [[gnu::always_inline]] block::Flags orAnyIn(block::Flags flags, block::Block bytes) const {
 #pragma GCC unroll 4
-        for (size_t i = 0; i < fewMembers; ++i) flags = block::orEquals(flags, bytes, members_[i]);
+        for (size_t i = 0; i < most; ++i) flags = block::orEquals(flags, bytes, members_[i]);
         return flags;
     }
 
-    block::Block members_[fewMembers];
+private:
+    block::Block members_[most];
 };
 
 // What `use` makes of the set, in the form that serves it best. An empty set has the NUL as its only member.
 template <class Use>
 [[gnu::always_inline]] inline auto withSet(const uint8_t *members, Use use) {
+    constexpr size_t fewMembers = 4;
     size_t count = 0;
     while (count <= fewMembers && members[count] != 0) ++count;
-    return count <= fewMembers ? use(FewBytes(members, count)) : use(ByteSet(members));
+    return count <= fewMembers ? use(FewBytes<fewMembers>(members, count)) : use(ByteSet(members));
 }
 
 }  // namespace
