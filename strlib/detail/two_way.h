@@ -6,8 +6,6 @@
 // of it by the period. Bytes are compared as they stand or folded, by a flag: this is for texts where the fast ways
 // give up, and one copy of the code is enough.
 
-#include "detail/ascii.h"
-#include "detail/bytes.h"
 #include "detail/reading.h"
 
 namespace strlib {
@@ -29,16 +27,16 @@ public:
     const uint8_t *find(const uint8_t *bytes, size_t count) const {
         size_t known = 0;  // bytes at the front that are known to match, in a periodic search
         for (size_t place = 0; count - place >= length_;) {
-            size_t i = known > cut_ ? known : cut_;
-            while (i < length_ && alike(bytes[place + i], sought_[i])) ++i;
-            if (i < length_) {
-                place += i - cut_ + 1;
+            const uint8_t *const at = bytes + place;
+            const size_t start = known > cut_ ? known : cut_;
+            const bool beginsAlike = alike(at[start], sought_[start]);  // Most places end here.
+            const size_t matched = beginsAlike ? start + agreement(at, start, length_) : start;
+            if (matched < length_) {
+                place += matched - cut_ + 1;
                 known = 0;
                 continue;
             }
-            i = cut_;
-            while (i > known && alike(bytes[place + i - 1], sought_[i - 1])) --i;
-            if (i <= known) return bytes + place;
+            if (known >= cut_ || known + agreement(at, known, cut_) == cut_) return at;
             place += period_;
             known = periodic_ ? length_ - period_ : 0;
         }
@@ -55,6 +53,23 @@ private:
 
     bool alike(uint8_t first, uint8_t second) const {
         return first == second || (folding_ && Folded::alike(first, second));
+    }
+
+    // How many of the sought bytes from `start` to `end` stand in a row in the text that is to begin at a place.
+    size_t agreement(const uint8_t *place, size_t start, size_t end) const {
+        const uint8_t *const first = place + start;
+        const uint8_t *const second = sought_ + start;
+        const size_t count = end - start;
+        size_t i = 0;
+        for (; count - i >= block::size; i += block::size) {
+            const block::Block a = block::load(first + i);
+            const block::Block b = block::load(second + i);
+            const block::Block unlike = folding_ ? Folded::unlike(a, b) : Exact::unlike(a, b);
+            const block::Mask differences = block::differences(unlike, block::splat(0));
+            if (differences != 0) return i + block::first(differences);
+        }
+        while (i < count && alike(first[i], second[i])) ++i;
+        return i;
     }
 
     // The greatest suffix in the order of bytes or its reverse, and its period.
