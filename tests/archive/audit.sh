@@ -6,8 +6,8 @@ export LC_ALL=C
 archive=$1 header=$2 nm=$3 readelf=$4 stackUsage=${5:-}
 stackLimit=512
 # The calls between routines that are part of the design; everything else is a leaf.
-allowedCalls='find_string:TQANSI_strnicmp formatted_input:TQANSI_atoi formatted_output:TQANSI_atoi
-formatted_output:TQANSI_itoa'
+allowedCalls='concatenate:TQANSI_strncpy concatenate:TQ_strappend find_string:TQANSI_strnicmp formatted_input:TQANSI_atoi
+formatted_output:TQANSI_atoi formatted_output:TQANSI_itoa string_arithmetic:TQANSI_strlen string_arithmetic:TQ_strappend'
 failures=0
 
 same() {
@@ -38,6 +38,9 @@ sections=$("$readelf" -W -S "$archive" | sed -nE 's/^ *\[ *[0-9]+\] (\S+) +\S+ +
     grep -E '^\.(data|bss|tdata|tbss|init|fini|ctors|dtors|init_array|fini_array|preinit_array)' |
     awk '$2 !~ /^0+$/' || true)
 same "sections that hold state or start-up code" "" "$sections"
+
+# On x86-64 a leaf routine may use 128 bytes below its frame, which compilers do not count.
+[[ $("$readelf" -h "$archive") == *X86-64* ]] && stackLimit=$((stackLimit - 128))
 
 if [[ -n $stackUsage ]]; then
     frames=$(find "$stackUsage" -name '*.su' -exec cat {} +)
