@@ -24,7 +24,11 @@
 #if defined(STRLIB_BLOCK_BYTE) || defined(STRLIB_BLOCK_WORD)
 #elif defined(__SSE2__)
 #define STRLIB_BLOCK_X86
+#if defined(__AVX2__)
 #include <immintrin.h>
+#else
+#include <emmintrin.h>  // much shorter
+#endif
 #elif defined(__ARM_NEON)
 #define STRLIB_BLOCK_NEON
 #include <arm_neon.h>

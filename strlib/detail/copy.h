@@ -90,7 +90,7 @@ inline void copyUpTo(uint8_t *destination, const uint8_t *source, int32_t limit)
     const size_t count = measureUpTo(source, left);
     if (block::addressOf(destination) - block::addressOf(source) - 1 < count) {
         // The destination starts inside the source: bytes copied come up again as source, and its NUL goes.
-        for (; left != 0 && *source != 0; --left) *destination++ = *source++;
+        for (; left != 0; --left) *destination++ = *source++;
         *destination = 0;
         return;
     }
