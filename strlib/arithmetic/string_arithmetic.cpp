@@ -1,19 +1,21 @@
 #include <strlib.h>
 
-#include "detail/scan.h"
+#include "detail/copy.h"
 
 using namespace strlib;
 
 // The bytes of an integer, and so the digits that take part.
 static constexpr size_t integerBytes = 4;
 
+[[gnu::noinline]] static size_t lengthOf(const char *string) { return measure(bytesOf(string)); }
+
 static uint32_t digitFromEnd(const uint8_t *string, size_t length, size_t position) {
     return position < length ? static_cast<uint32_t>(asSigned(string[length - 1 - position])) : 0;
 }
 
 int32_t string_operator_diff(const char *first, const char *second) {
-    const size_t firstLength = static_cast<size_t>(TQANSI_strlen(first));
-    const size_t secondLength = static_cast<size_t>(TQANSI_strlen(second));
+    const size_t firstLength = lengthOf(first);
+    const size_t secondLength = lengthOf(second);
     uint32_t sum = 0;
     for (size_t k = integerBytes; k-- > 0;) {
         sum =
@@ -36,7 +38,7 @@ static void putBefore(uint8_t *string, size_t length, uint8_t byte) {
 
 char *string_operator_add(char *destination, const char *source, int32_t addend) {
     uint8_t *const digits = bytesOf(destination);
-    uint8_t *const end = destination == source ? digits + measure(digits) : bytesOf(TQ_strappend(destination, source));
+    uint8_t *const end = destination == source ? digits + lengthOf(source) : copyString(digits, bytesOf(source));
     size_t length = static_cast<size_t>(end - digits);
     for (uint8_t *at = end; at != digits && addend != 0; addend = shifted(addend)) {
         --at;

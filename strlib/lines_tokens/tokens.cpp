@@ -4,7 +4,8 @@
 
 using namespace strlib;
 
-char *TQ_strtoken(const char *string, const char *delimiters, char **end) {
+// The first token; its end is looked for only where it is wanted.
+[[gnu::noinline]] static char *findToken(const char *string, const char *delimiters, char **end) {
     if (isEmpty(string) || delimiters == nullptr) return nullptr;
     return withSet(bytesOf(delimiters), [=](const auto &set) -> char * {
         const uint8_t *const first = set.skip(bytesOf(string));
@@ -14,10 +15,12 @@ char *TQ_strtoken(const char *string, const char *delimiters, char **end) {
     });
 }
 
+char *TQ_strtoken(const char *string, const char *delimiters, char **end) { return findToken(string, delimiters, end); }
+
 char *TQ_strtoklen(const char *string, const char *delimiters, uint16_t *length) {
-    if (length == nullptr) return TQ_strtoken(string, delimiters, nullptr);
+    if (length == nullptr) return findToken(string, delimiters, nullptr);
     char *end;
-    char *const first = TQ_strtoken(string, delimiters, &end);
+    char *const first = findToken(string, delimiters, &end);
     *length = first == nullptr ? uint16_t{0} : static_cast<uint16_t>(end - first);
     return first;
 }

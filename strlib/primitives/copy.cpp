@@ -4,10 +4,17 @@
 
 using namespace strlib;
 
-// One copy of the code for both routines that copy a whole string.
+// Copying stands here once, for the routines that copy and for those that add to a string.
+
 [[gnu::noinline]] static uint8_t *copyWhole(char *destination, const char *source) {
     return copyString(bytesOf(destination), bytesOf(source));
 }
+
+[[gnu::noinline]] static void copyPart(char *destination, const char *source, int32_t limit) {
+    copyUpTo(bytesOf(destination), bytesOf(source), limit);
+}
+
+[[gnu::noinline]] static char *endOf(char *string) { return string + measure(bytesOf(string)); }
 
 char *TQANSI_strcpy(char *destination, const char *source) {
     if (destination != nullptr && source != nullptr) copyWhole(destination, source);
@@ -19,7 +26,17 @@ char *TQ_strappend(char *destination, const char *source) {
     return charsOf(copyWhole(destination, source));
 }
 
+char *TQANSI_strcat(char *destination, const char *source) {
+    if (destination != nullptr && source != nullptr) copyWhole(endOf(destination), source);
+    return destination;
+}
+
 char *TQANSI_strncpy(char *destination, const char *source, int32_t count) {
-    if (destination != nullptr && source != nullptr) copyUpTo(bytesOf(destination), bytesOf(source), count);
+    if (destination != nullptr && source != nullptr) copyPart(destination, source, count);
+    return destination;
+}
+
+char *TQANSI_strncat(char *destination, const char *source, int32_t count) {
+    if (destination != nullptr && source != nullptr) copyPart(endOf(destination), source, count);
     return destination;
 }
