@@ -254,6 +254,19 @@ void periodicSearch(Choices &choices) {
                      start + repeated(unit, choices.pick(std::array{1u, 4u, 20u})) + choices.text("ab", 3));
 }
 
+// Runs of about the same length with a byte between them, and a first one in which nearly all places mislead.
+void searchAmongRuns(Choices &choices) {
+    const char letter = choices.flag() ? 'a' : 'A';
+    const auto run = [&](char of) { return std::string(11 + choices.below(3), of); };
+    const auto runs = [&](uint32_t count, char of) {
+        std::string text;
+        for (; count != 0; --count) text += run(of) + "b";
+        return text + run(of);
+    };
+    const std::string sought = runs(choices.below(3), letter);
+    requireSubstring(choices, std::string(200, 'a') + "b" + runs(choices.below(5), 'a'), sought);
+}
+
 void blankLine(Choices &choices) {
     const std::string text = choices.text(std::string_view("\x01 \t\r\n\x1F!\x7F\x80", 9), 4);
     requireEqual(TQ_isBlankLine(string(choices, 0, text)), int32_t{model::isBlankLine(text)}, "blank");
@@ -513,6 +526,7 @@ constexpr Property all[] = {
     {"set search", setSearch},
     {"substring search", substringSearch},
     {"periodic search", periodicSearch},
+    {"search among runs", searchAmongRuns},
     {"blank line", blankLine},
     {"integer reading", integerReading},
     {"integer writing", integerWriting},

@@ -375,7 +375,8 @@ char *TQANSI_itoa(int32_t value, char *buffer, int32_t size, int32_t radix) STRL
  * - "%c" stores the low 8 bits of the slot, 0 included.
  * - A width is a group of at most seven digits behind the '%'; of several groups in a row ("%12345678d" has two, of
  *   which the second is "8") the last counts. "%s" and "%c" ignore it.
- * - '%' and any other byte stores that byte ("%%" a '%'); a '%' with nothing behind it but digits ends the output.
+ * - '%' and any other byte stores that byte ("%%" a '%'), but a backslash there begins an escape pair as everywhere; a
+ *   '%' with nothing behind it but digits ends the output.
  * - A backslash and 'r', 't' or 'n' stores a carriage return, a tab or a line feed; a backslash and any other byte
  *   stores that byte, so that backslash and '%' stores a '%'; a backslash at the end stores itself.
  *
@@ -403,7 +404,8 @@ int32_t TQ_sprintf(char *destination, uint32_t size, const char *format, const i
  * - A space passes over any number of blanks, none included.
  * - A backslash and 'r', 't' or 'n' matches a carriage return, a tab or a line feed; a backslash and a space is a
  *   space; a backslash and any other byte matches that byte; a backslash at the end ends the scan. At the very start of
- *   the format such pairs of 'r', 't' and 'n' also match a byte of theirs among the blanks passed over at the start.
+ *   the format such pairs of 'r', 't' and 'n', one or several, with or without a '%' before them, also match a byte of
+ *   theirs anywhere among the blanks passed over at the start, and several pairs may match the same one.
  * - "%c" stores the next byte, whatever it is.
  * - "%s" stores the bytes up to the next blank, "%[^x]" those up to the next byte x, each with a NUL. A width w of 2 or
  *   more bounds the field to w - 1 bytes and the NUL; the rest stays in the input. A field of no bytes or a width of 1
@@ -417,7 +419,8 @@ int32_t TQ_sprintf(char *destination, uint32_t size, const char *format, const i
  *   last counts.
  * - '%' and any other byte matches that byte ("%%" a '%', "%d" a 'd'); so does a size letter that neither 'i' nor 'u'
  *   follows ("%hd" matches 'd'), '[' and a byte other than '^' ("%[abc]" matches "abc]"), and "[^x" with a byte other
- *   than ']' behind it, which matches that byte. A format that ends inside a directive ends the scan.
+ *   than ']' behind it, which matches that byte. A space or a backslash in such a place does what it does everywhere.
+ *   A format that ends inside a directive ends the scan.
  *
  * The scan stops at the first byte that the input does not repeat and at the first conversion that fails. What was
  * stored before stays.

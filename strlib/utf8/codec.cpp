@@ -24,7 +24,15 @@ int32_t unicodeToUtf8(uint32_t codePoint, char *buffer) {
         return static_cast<int32_t>(length);
     }
     bytes[length] = 0;
-    for (uint32_t i = length - 1; i != 0; --i, codePoint >>= payloadBits) bytes[i] = continuation(codePoint);
+    const auto store = [&](uint32_t index) {
+        bytes[index] = continuation(codePoint);
+        codePoint >>= payloadBits;
+    };
+    if (length > 5) store(5);
+    if (length > 4) store(4);
+    if (length > 3) store(3);
+    if (length > 2) store(2);
+    store(1);
     bytes[0] = lowByte(leadMark(length) | codePoint);
     return static_cast<int32_t>(length);
 }
