@@ -108,6 +108,7 @@ TEST_CASE("the 16-bit counter: counts of 65536 and more bound nothing") {
         CHECK(positionIn(inside.c_str(), TQ_stristr(inside.c_str(), sought.c_str())) == (row.foundInside ? 2 : -1));
         CHECK(positionIn(atEnd.c_str(), TQ_stristr(atEnd.c_str(), sought.c_str())) == 2);
         CHECK(TQ_stristr(sought.c_str() + 1, sought.c_str()) == nullptr);
+        CHECK(TQ_stristr(sought.c_str(), sought.c_str()) == sought.c_str());
     }
 }
 
