@@ -101,7 +101,7 @@ The time of what a user would call instead, divided by ours: above 1 ours is fas
 
 ## Targets
 
-{missed} of {2 * (len(targets) - 2)} are missed.
+{missed} of {2 * (len(targets) - 2)} are missed; [why, and what was tried](speed-shortfalls.md).
 
 {chr(10).join(targets)}
 

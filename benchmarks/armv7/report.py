@@ -70,7 +70,7 @@ def summary(costs, targets, build):
     missed = 0
     for key, target in targets.items():
         missed += best_peer(costs[key], target["peer"]) / costs[key]["ours"] < float(target[build])
-    yield f"{missed} of {len(targets)} targets are missed."
+    yield f"{missed} of {len(targets)} targets are missed; [why, and what was tried](speed-shortfalls.md)."
     yield ""
     slower = [
         f"`{routine}` ({workload})"
