@@ -7,7 +7,7 @@ using namespace strlib;
 // The bytes of an integer, and so the digits that take part.
 static constexpr size_t integerBytes = 4;
 
-[[gnu::noinline]] static size_t lengthOf(const char *string) { return measure(bytesOf(string)); }
+STRLIB_SHARED static size_t lengthOf(const char *string) { return measure(bytesOf(string)); }
 
 static uint32_t digitFromEnd(const uint8_t *string, size_t length, size_t position) {
     return position < length ? static_cast<uint32_t>(asSigned(string[length - 1 - position])) : 0;

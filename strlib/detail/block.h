@@ -39,6 +39,13 @@
 #include <arm_acle.h>
 #endif
 
+// Code that several routines use exists once where size counts, and in each of them where only speed does.
+#if defined(STRLIB_BLOCK_X86)
+#define STRLIB_SHARED [[gnu::always_inline]] inline
+#else
+#define STRLIB_SHARED [[gnu::noinline]]
+#endif
+
 // What stands in private headers has internal linkage, so that the archive defines nothing but the routines.
 namespace strlib::block {
 namespace {

@@ -5,7 +5,7 @@
 using namespace strlib;
 
 // The first token; its end is looked for only where it is wanted.
-[[gnu::noinline]] static char *findToken(const char *string, const char *delimiters, char **end) {
+STRLIB_SHARED static char *findToken(const char *string, const char *delimiters, char **end) {
     if (isEmpty(string) || delimiters == nullptr) return nullptr;
     return withSet(bytesOf(delimiters), [=](const auto &set) -> char * {
         const uint8_t *const first = set.skip(bytesOf(string));

@@ -6,15 +6,15 @@ using namespace strlib;
 
 // Copying stands here once, for the routines that copy and for those that add to a string.
 
-[[gnu::noinline]] static uint8_t *copyWhole(char *destination, const char *source) {
+STRLIB_SHARED static uint8_t *copyWhole(char *destination, const char *source) {
     return copyString(bytesOf(destination), bytesOf(source));
 }
 
-[[gnu::noinline]] static void copyPart(char *destination, const char *source, int32_t limit) {
+STRLIB_SHARED static void copyPart(char *destination, const char *source, int32_t limit) {
     copyUpTo(bytesOf(destination), bytesOf(source), limit);
 }
 
-[[gnu::noinline]] static char *endOf(char *string) { return string + measure(bytesOf(string)); }
+STRLIB_SHARED static char *endOf(char *string) { return string + measure(bytesOf(string)); }
 
 char *TQANSI_strcpy(char *destination, const char *source) {
     if (destination != nullptr && source != nullptr) copyWhole(destination, source);
