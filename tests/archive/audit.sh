@@ -39,9 +39,6 @@ sections=$("$readelf" -W -S "$archive" | sed -nE 's/^ *\[ *[0-9]+\] (\S+) +\S+ +
     awk '$2 !~ /^0+$/' || true)
 same "sections that hold state or start-up code" "" "$sections"
 
-# On x86-64 a leaf routine may use 128 bytes below its frame, which compilers do not count.
-[[ $("$readelf" -h "$archive") == *X86-64* ]] && stackLimit=$((stackLimit - 128))
-
 if [[ -n $stackUsage ]]; then
     frames=$(find "$stackUsage" -name '*.su' -exec cat {} +)
     [[ -n $frames ]] || { echo "no stack usage was recorded" && failures=$((failures + 1)); }
