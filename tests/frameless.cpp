@@ -1,5 +1,5 @@
-// The properties on random inputs without the test framework: MemorySanitizer takes what compiled libraries have written
-// for uninitialised, and the framework uses such.
+// The properties on random inputs without the test framework: MemorySanitizer takes what compiled libraries have
+// written for uninitialised, and the framework uses such.
 
 #include <cstdio>
 
