@@ -99,7 +99,7 @@ moved)
     consumeByPkgConfig "$scratch/after/lib/$(c++ -print-multiarch)/pkgconfig"
     ;;
 subdirectory)
-    [[ -f $source/strlib/detail/bytes.h ]] || fail "the header that the consumer must not find has another name now"
+    [[ -f $source/strlib/core/bytes.h ]] || fail "the header that the consumer must not find has another name now"
     consume -DSTRLIB_SOURCE="$source"
     cmake --install "$scratch/consumer" --prefix "$scratch/prefix"
     [[ ! -e $scratch/prefix ]] || fail "the consumer's own installation brings the library's files along"

@@ -4,7 +4,7 @@
 #include <strlib.h>
 
 #ifdef __has_include
-#if __has_include(<detail/bytes.h>) || __has_include(<strlib/detail/bytes.h>)
+#if __has_include(<core/bytes.h>) || __has_include(<strlib/core/bytes.h>)
 #error "the library's private headers are within reach"
 #endif
 #endif

@@ -1,0 +1,29 @@
+#ifndef STRLIB_CORE_COMPARE_H
+#define STRLIB_CORE_COMPARE_H
+
+// Comparing, by the way that suits the machine. NEON is slow to tell the rest of a processor what it has found, and a
+// comparison asks that of every block: ARM compares by words.
+
+#include "machine/block.h"
+
+#if defined(STRLIB_BLOCK_X86)
+#include "core/compare_windows.h"
+#else
+#include "core/compare_words.h"
+#endif
+
+namespace strlib {
+namespace {
+
+template <class Reading>
+[[gnu::always_inline]] inline int32_t compareStrings(const uint8_t *first, const uint8_t *second) {
+    return compareUpTo<Reading>(first, second, Unlimited());
+}
+
+// The rule for signed counts: 0 compares nothing, a negative count the first bytes only.
+inline Limited positionsToCompare(int32_t count) { return {count < 0 ? 1 : static_cast<size_t>(count)}; }
+
+}  // namespace
+}  // namespace strlib
+
+#endif

@@ -1,0 +1,28 @@
+#ifndef STRLIB_MACHINE_WORD_BLOCKS_H
+#define STRLIB_MACHINE_WORD_BLOCKS_H
+
+// Words as blocks, where there are no vectors: flags are as wide as the bytes and need no packing.
+
+#define STRLIB_SHARED [[gnu::noinline]]
+
+namespace strlib::block {
+namespace {
+
+using Block = Word;
+using Flags = Word;
+using Mask = Word;
+inline constexpr size_t size = sizeof(Block);
+inline constexpr bool isWord = true;
+inline constexpr uint32_t maskBits = 8;
+inline constexpr int blocksATurn = 1;
+inline constexpr Block splat(uint8_t byte) { return splatWord(byte); }
+inline Mask pack(Flags flags) { return flags; }
+inline bool any(Flags flags) { return flags != 0; }
+inline Block load(const uint8_t *at) { return loadWord<Word>(at); }
+inline void store(uint8_t *at, Block block) { storeAs<Word>(at, littleEndian(block)); }
+inline Block loadAligned(Address address) { return loadAlignedWord<Word>(address); }
+
+}  // namespace
+}  // namespace strlib::block
+
+#endif
