@@ -48,6 +48,5 @@ char *TQANSI_strrchr(const char *string, int32_t byte) {
 void *TQANSI_memchr(const void *range, int32_t byte, uint32_t count) {
     if (range == nullptr) return nullptr;
     const uint8_t *const bytes = static_cast<const uint8_t *>(range);
-    const size_t found = scanUpTo(bytes, count, Byte(lowByte(byte)));
-    return found == count ? nullptr : resultAt(bytes + found);
+    return resultAt(findWithin(bytes, count, Byte(lowByte(byte))));
 }

@@ -139,7 +139,7 @@ public:
     bool readField(uint8_t *destination, int32_t width, Ends ends) {
         if (width == 0) return false;
         const uint32_t room = static_cast<uint32_t>(width) - 1;  // without a width more than any field takes
-        const size_t count = scanUpTo(at_, room, ends);
+        const size_t count = scanUpTo<Steps::blocks>(at_, room, ends);
         copyPiece(destination, at_, count);
         destination[count] = 0;
         at_ += count;

@@ -49,7 +49,7 @@ public:
     const uint8_t *putPlain(const uint8_t *format) {
         for (; isPlain(format[0]) && room_ != 0; ++format) {
             if (isPlain(format[1]) && isPlain(format[2]) && isPlain(format[3])) {
-                const size_t count = scanUpTo(format, room_, Signs());
+                const size_t count = scanUpTo<Steps::blocks>(format, room_, Signs());
                 putBytes(format, count);
                 return format + count;
             }

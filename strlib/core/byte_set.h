@@ -12,7 +12,10 @@ namespace {
 class ByteSet {
 public:
     ByteSet() {
-        for (size_t i = 0; i < sizeof entries_; i += block::size) block::store(entries_ + i, block::splat(absent));
+        // The widest stores of the machine; a byte that is absent is 0.
+        using Store = long long __attribute__((vector_size(block::size > 16 ? block::size : 16), may_alias));
+#pragma GCC unroll 4
+        for (size_t i = 0; i < sizeof entries_; i += sizeof(Store)) *reinterpret_cast<Store *>(entries_ + i) = Store{};
         entries_[0] = nul;
     }
     explicit ByteSet(const uint8_t *members) : ByteSet() {
@@ -39,7 +42,7 @@ private:
     static constexpr uint8_t member = 1;
     static constexpr uint8_t nul = 2;
 
-    uint8_t entries_[256];
+    alignas(32) uint8_t entries_[256];
 };
 
 // The same of one to `most` members.
@@ -52,10 +55,12 @@ public:
     }
 
     [[gnu::always_inline]] const uint8_t *find(const uint8_t *at) const {
-        return scan(at, [&](block::Block bytes) { return orAnyIn(block::zeros(bytes), bytes); });
+        return scan<Steps::blocksThenGroups>(
+            at, [&](block::Block bytes) { return orAnyIn(block::zeros(bytes), bytes); });
     }
     [[gnu::always_inline]] const uint8_t *skip(const uint8_t *at) const {
-        return scan(at, [&](block::Block bytes) { return block::inverse(orAnyIn(block::Flags{}, bytes)); });
+        return scan<Steps::blocks>(
+            at, [&](block::Block bytes) { return block::inverse(orAnyIn(block::Flags{}, bytes)); });
     }
 
     // The bytes that are members, and what is flagged already.
@@ -72,7 +77,7 @@ private:
 // What `use` makes of the set, in the form that serves it best. An empty set has the NUL as its only member.
 template <class Use>
 [[gnu::always_inline]] inline auto withSet(const uint8_t *members, Use use) {
-    constexpr size_t fewMembers = 4;
+    constexpr size_t fewMembers = block::isWord ? 3 : 4;
     size_t count = 0;
     while (count <= fewMembers && members[count] != 0) ++count;
     return count <= fewMembers ? use(FewBytes<fewMembers>(members, count)) : use(ByteSet(members));

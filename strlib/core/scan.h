@@ -22,50 +22,96 @@ struct Byte {
 
 // Templates with several users are not inlined by themselves, and then keep their blocks in memory.
 
-// The first byte from `at` on at which the scan ends; there must be one.
-template <class Ends>
-[[gnu::always_inline]] inline const uint8_t *scan(const uint8_t *at, Ends ends) {
-    block::Address address = block::beginReading(at);
-    const size_t offset = block::offsetIn(address);
-    address -= offset;
-    block::Mask found = block::from(block::pack(ends(block::loadAligned(address))), offset);
-    if (found == 0) {
-        block::Flags flags;
-        bool any;
+// Which steps a scan takes: single blocks where the end is expected nearby or size counts more, and groups of blocks
+// where the machine has them, at once or after single blocks up to the first group's start.
+enum class Steps { blocks, groups, blocksThenGroups };
+
+// How far a scan may go on: to its end, or over so many bytes behind the next one.
+struct Endless {
+    bool pass(size_t) const { return true; }
+};
+
+struct Within {
+    // Whether any bytes are left behind so many.
+    bool pass(size_t bytes) { return !__builtin_sub_overflow(behindNext, bytes, &behindNext); }
+
+    size_t behindNext;
+};
+
+template <Steps steps>
+inline constexpr bool startsByGroups = steps == Steps::groups && block::packsGroups;
+template <Steps steps>
+inline constexpr bool goesByGroups = steps != Steps::blocks && block::groupBlocks != 1;
+template <Steps steps>
+inline constexpr size_t firstStep = startsByGroups<steps> ? block::groupSize : block::size;
+
+// The place of the first byte from `start` on at which a scan ends; 0 where the limit comes first.
+template <Steps steps, class Ends, class Limit>
+[[gnu::always_inline]] inline block::Address findEnd(block::Address start, Ends ends, Limit limit) {
+    using namespace block;
+    const size_t offset = start % firstStep<steps>;
+    Address address = start - offset;
+    if constexpr (startsByGroups<steps>) {
+        Block a;
+        Block b;
+        takePair(address, a, b);
+        const GroupMask found = packPair(ends(a), ends(b)) >> offset;
+        if (found != 0) return start + lowestBit(found);
+        if (!limit.pass(groupSize - offset)) return 0;
+    } else {
+        Mask found = dropFirst(pack(ends(loadAligned(address))), offset);
+        if (found != 0) return start + first(found);
+        if (!limit.pass(size - offset)) return 0;
+        address += size;
+        if (goesByGroups<steps> && address % groupSize != 0) {
+            found = pack(ends(loadAligned(address)));
+            if (found != 0) return address + first(found);
+            if (!limit.pass(size)) return 0;
+            address += size;
+        }
+    }
+    if constexpr (goesByGroups<steps>) {
+        for (;;) {
+            Block a;
+            Block b;
+            takePair(address, a, b);
+            const Flags low = ends(a);
+            const Flags high = ends(b);
+            if (anyOfPair(low, high)) return firstOfPair(address - groupSize, low, high);
+            if (!limit.pass(groupSize)) return 0;
+        }
+    } else {
 #pragma GCC unroll block::blocksATurn
         do {
-            flags = ends(block::loadAligned(address += block::size));
-            any = block::any(flags);
-        } while (!any);
-        found = block::pack(flags);
+            const Flags flags = ends(loadAligned(address));
+            if (any(flags)) return address + first(pack(flags));
+            address += size;
+        } while (limit.pass(size));
+        return 0;
     }
-    return block::pointerTo(address + block::first(found));
 }
 
-// How many bytes from `at` on, up to `limit`, come before one at which the scan ends. No block is read that holds none
-// of the first `limit` bytes, nor one behind that where the scan ends.
-template <class Ends>
+// The first byte from `at` on at which the scan ends; there must be one.
+template <Steps steps = Steps::groups, class Ends>
+[[gnu::always_inline]] inline const uint8_t *scan(const uint8_t *at, Ends ends) {
+    return block::pointerTo(findEnd<steps>(block::beginReading(at), ends, Endless()));
+}
+
+// The same of the first `limit` bytes; null if there is none. No group is read that holds none of them, nor one behind
+// that where the scan ends.
+template <Steps steps = Steps::groups, class Ends>
+[[gnu::always_inline]] inline const uint8_t *findWithin(const uint8_t *at, size_t limit, Ends ends) {
+    if (limit == 0) return nullptr;
+    const block::Address start = block::beginReading(at);
+    const block::Address found = findEnd<steps>(start, ends, Within{limit - 1});
+    return found == 0 || found - start >= limit ? nullptr : block::pointerTo(found);
+}
+
+// How many bytes from `at` on, up to `limit`, come before one at which the scan ends.
+template <Steps steps = Steps::groups, class Ends>
 [[gnu::always_inline]] inline size_t scanUpTo(const uint8_t *at, size_t limit, Ends ends) {
-    if (limit == 0) return 0;
-    block::Address address = block::beginReading(at);
-    const size_t offset = block::offsetIn(address);
-    address -= offset;
-    block::Mask found = block::from(block::pack(ends(block::loadAligned(address))), offset);
-    size_t count = 0 - offset;  // of the bytes before the block
-    if (found == 0) {
-        block::Flags flags;
-        bool any;
-#pragma GCC unroll block::blocksATurn
-        do {
-            count += block::size;
-            if (count >= limit) return limit;
-            flags = ends(block::loadAligned(address += block::size));
-            any = block::any(flags);
-        } while (!any);
-        found = block::pack(flags);
-    }
-    count += block::first(found);
-    return count < limit ? count : limit;
+    const uint8_t *const found = findWithin<steps>(at, limit, ends);
+    return found == nullptr ? limit : static_cast<size_t>(found - at);
 }
 
 inline size_t measure(const uint8_t *string) { return static_cast<size_t>(scan(string, Nul()) - string); }

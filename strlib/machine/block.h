@@ -145,6 +145,22 @@ inline constexpr uint32_t allMaskBits = maskBits * size;
 inline size_t first(Mask mask) { return lowestBit(mask) / maskBits; }
 inline size_t last(Mask mask) { return highestBit(mask) / maskBits; }
 
+inline constexpr size_t groupSize = groupBlocks * size;
+
+// The first flagged byte of two blocks in a row, of which one has a flag.
+inline Address firstOfPair(Address address, Flags low, Flags high) {
+    if constexpr (packsGroups) return address + lowestBit(packPair(low, high));
+    Mask mask = pack(low);
+    if (mask == 0) {
+        mask = pack(high);
+        address += size;
+    }
+    return address + first(mask);
+}
+
+// The flags of the bytes behind the first `count`, fewer than a block has.
+inline Mask dropFirst(Mask mask, size_t count) { return static_cast<Mask>(mask >> count * maskBits); }
+
 // The mask without the flags of the first `count` bytes, fewer than a block has.
 inline Mask from(Mask mask, size_t count) { return static_cast<Mask>(mask & fullMask << count * maskBits); }
 

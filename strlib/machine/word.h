@@ -12,6 +12,9 @@ using Word = uint8_t;
 using Word = size_t;
 #endif
 
+inline constexpr size_t wordsAtOnce = 1;
+inline void takeWords(Address &, Word &, Word &) {}
+
 inline constexpr Word splatWord(uint8_t byte) { return static_cast<Word>(static_cast<Word>(~Word{0}) / 0xFF * byte); }
 
 // Exact, as no carry leaves its byte: the top bit is set by the sum unless the low seven bits are within the limit.

@@ -18,9 +18,15 @@ inline constexpr int blocksATurn = 1;
 inline constexpr Block splat(uint8_t byte) { return splatWord(byte); }
 inline Mask pack(Flags flags) { return flags; }
 inline bool any(Flags flags) { return flags != 0; }
+using GroupMask = Mask;
+inline constexpr bool packsGroups = false;
+inline GroupMask packPair(Flags, Flags) { return 0; }
+inline bool anyOfPair(Flags low, Flags high) { return any(low | high); }
+inline constexpr size_t groupBlocks = wordsAtOnce;
 inline Block load(const uint8_t *at) { return loadWord<Word>(at); }
 inline void store(uint8_t *at, Block block) { storeAs<Word>(at, littleEndian(block)); }
 inline Block loadAligned(Address address) { return loadAlignedWord<Word>(address); }
+inline void takePair(Address &address, Block &low, Block &high) { takeWords(address, low, high); }
 
 }  // namespace
 }  // namespace strlib::block

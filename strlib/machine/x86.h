@@ -31,7 +31,6 @@ namespace {
 
 // x86 jumps no more than once a cycle.
 inline constexpr int blocksATurn = 4;
-
 using Mask = uint32_t;
 inline constexpr uint32_t maskBits = 1;
 #if defined(__AVX2__)
@@ -40,6 +39,13 @@ inline Mask pack(Flags flags) { return static_cast<Mask>(_mm256_movemask_epi8(re
 inline Mask pack(Flags flags) { return static_cast<Mask>(_mm_movemask_epi8(reinterpret_cast<__m128i>(flags))); }
 #endif
 inline bool any(Flags flags) { return pack(flags) != 0; }
+
+using GroupMask = Mask;
+inline constexpr bool packsGroups = false;
+inline GroupMask packPair(Flags, Flags) { return 0; }
+inline bool anyOfPair(Flags low, Flags high) { return any(low | high); }
+inline constexpr size_t groupBlocks = 1;
+inline void takePair(Address &, Block &, Block &) {}
 
 inline Block load(const uint8_t *at) { return loadAs<Block>(at); }
 inline void store(uint8_t *at, Block block) { storeAs<Block>(at, block); }
