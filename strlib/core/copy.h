@@ -1,9 +1,10 @@
 #ifndef STRLIB_CORE_COPY_H
 #define STRLIB_CORE_COPY_H
 
-// Copying, a block at a time, with the result of copying byte by byte from the front: what a store may overwrite has
-// been loaded before. Where the two overlap so that this does not hold, bytes are copied one by one. Tails go by a
-// block that overlaps what is copied already, loaded before a store can reach it.
+// Copying, a group of blocks at a time, with the result of copying byte by byte from the front. Where the texts overlap,
+// this holds as long as they are a group apart: a group is loaded before what it overwrites is needed, and after what
+// earlier ones have written. Closer texts are copied byte by byte. Tails go by a block that overlaps what is copied
+// already.
 
 #include "core/scan.h"
 
@@ -43,60 +44,118 @@ inline void copyBytes(uint8_t *destination, const uint8_t *source, size_t count)
     block::store(destination + last, tail);
 }
 
+template <class Ends, class Limit>
+[[gnu::noinline, gnu::cold]] uint8_t *copyByBytes(uint8_t *to, const uint8_t *from, Ends ends, Limit limit) {
+    for (;; ++to, ++from) {
+        *to = *from;
+        if (block::any(ends(block::splat(*from)))) return to;
+        if (!limit.pass(1)) return to + 1;
+    }
+}
+
+// Copies the last bytes of a text of at least a block, `rest` of which stand at the address and behind it.
+[[gnu::always_inline]] inline uint8_t *copyTail(uint8_t *to, block::Address address, size_t rest) {
+    block::store(to + rest - block::size, block::load(block::pointerTo(address + rest - block::size)));
+    return to + rest;
+}
+
+// Goes on at an aligned block, behind a block or more that is copied.
+template <class Ends, class Limit>
+[[gnu::always_inline]] inline uint8_t *copyGroups(uint8_t *to, block::Address address, Ends ends, Limit limit) {
+    using namespace block;
+    for (;;) {
+        Block low;
+        Block high;
+        takeGroup(address, low, high);
+        const Flags inLow = ends(low);
+        const Flags inHigh = ends(high);
+        if (groupBlocks == 1 ? any(inLow) : anyOfPair(inLow, inHigh)) {
+            address -= groupSize;
+            Mask end = pack(inLow);
+            if (groupBlocks != 1 && end == 0) {
+                store(to, low);
+                to += size;
+                address += size;
+                end = pack(inHigh);
+            }
+            const size_t rest = limit.clip(first(end));
+            return copyTail(to, address, rest + Limit::endIsCopied) - Limit::endIsCopied;
+        }
+        if (!limit.pass(groupSize)) {
+            address -= groupSize;
+            size_t rest = limit.left(groupSize);
+            if (groupBlocks != 1 && rest > size) {
+                store(to, low);
+                to += size;
+                address += size;
+                rest -= size;
+            }
+            return copyTail(to, address, rest);
+        }
+        putGroup(to, low, high);
+    }
+}
+
+// Copies the bytes before the first at which the copy ends, or as many as the limit allows, and gives the place behind
+// the copy. A copy without a limit copies the byte that ends it as well.
+template <class Ends, class Limit>
+[[gnu::always_inline]] inline uint8_t *copyUntil(uint8_t *destination, const uint8_t *source, Ends ends, Limit limit) {
+    using namespace block;
+    const size_t distance = addressOf(destination) - addressOf(source);
+    if (distance + groupSize - 1 < 2 * groupSize - 1) return copyByBytes(destination, source, ends, limit);
+
+    // What the first two aligned blocks hold of the text is copied as a whole if it ends there.
+    const Address start = beginReading(source);
+    const size_t offset = offsetIn(start);
+    const size_t inFirst = size - offset;
+    Address address = start - offset;
+    Mask end = dropFirst(pack(ends(loadAligned(address))), offset);
+    size_t count;
+    if (end != 0)
+        count = limit.clip(first(end));
+    else if (!limit.pass(inFirst))
+        count = limit.left(inFirst);
+    else {
+        const Block second = loadAligned(address += size);
+        end = pack(ends(second));
+        if (end != 0)
+            count = inFirst + limit.clip(first(end));
+        else if (!limit.pass(size))
+            count = inFirst + limit.left(size);
+        else {
+            store(destination, load(source));
+            uint8_t *to = destination + inFirst;
+            store(to, second);
+            to += size;
+            address += size;
+            if (groupBlocks != 1 && address % groupSize != 0) {
+                const Block third = loadAligned(address);
+                end = pack(ends(third));
+                if (end != 0) {
+                    count = limit.clip(first(end));
+                    return copyTail(to, address, count + Limit::endIsCopied) - Limit::endIsCopied;
+                }
+                if (!limit.pass(size)) return copyTail(to, address, limit.left(size));
+                store(to, third);
+                to += size;
+                address += size;
+            }
+            return copyGroups(to, address, ends, limit);
+        }
+    }
+    copyShort(destination, source, count + (end != 0 && Limit::endIsCopied));
+    return destination + count;
+}
+
 // Copies a string; the result is the address of the NUL written.
 inline uint8_t *copyString(uint8_t *destination, const uint8_t *source) {
-    // Less than a block before the source, the first store would reach into the tail of a string of three blocks.
-    if (block::addressOf(source) - block::addressOf(destination) < block::size) {
-        while ((*destination = *source) != 0) ++destination, ++source;
-        return destination;
-    }
-
-    // What the first two aligned blocks hold of the source is copied as a whole if it ends there.
-    block::Address address = block::beginReading(source);
-    const size_t offset = block::offsetIn(address);
-    address -= offset;
-    block::Mask end = block::from(block::pack(block::zeros(block::loadAligned(address))), offset);
-    block::Block bytes;
-    if (end == 0) {
-        bytes = block::loadAligned(address += block::size);
-        end = block::pack(block::zeros(bytes));
-    }
-    if (end != 0) {
-        const size_t length = address + block::first(end) - block::addressOf(source);
-        copyShort(destination, source, length + 1);
-        return destination + length;
-    }
-
-    // From here on `bytes` is the block at `address`, without a NUL, and not yet stored.
-    block::store(destination, block::load(source));
-    uint8_t *to = destination + (address - block::addressOf(source));
-    for (;;) {
-        const block::Block next = block::loadAligned(address += block::size);
-        end = block::pack(block::zeros(next));
-        if (end != 0) break;
-        block::store(to, bytes);
-        to += block::size;
-        bytes = next;
-    }
-    const size_t rest = block::first(end) + 1;
-    const block::Block tail = block::load(block::pointerTo(address + rest - block::size));
-    block::store(to, bytes);
-    block::store(to + rest, tail);
-    return to + block::size + rest - 1;
+    return copyUntil(destination, source, Nul(), Endless());
 }
 
 // Copies a string or its first `limit` bytes and ends the copy with a NUL.
 inline void copyUpTo(uint8_t *destination, const uint8_t *source, int32_t limit) {
-    size_t left = limit > 0 ? static_cast<size_t>(limit) : 0;
-    const size_t count = measureUpTo(source, left);
-    if (block::addressOf(destination) - block::addressOf(source) - 1 < count) {
-        // The destination starts inside the source: bytes copied come up again as source, and its NUL goes.
-        for (; left != 0; --left) *destination++ = *source++;
-        *destination = 0;
-        return;
-    }
-    copyBytes(destination, source, count);
-    destination[count] = 0;
+    if (limit > 0) destination = copyUntil(destination, source, Nul(), Within{static_cast<size_t>(limit) - 1});
+    *destination = 0;
 }
 
 }  // namespace

@@ -46,6 +46,14 @@ inline const uint8_t *pointerTo(Address address) { return reinterpret_cast<const
     return address;
 }
 
+// A pointer after a step of a loop. Where loads and stores step as they go, compilers otherwise undo it.
+[[gnu::always_inline]] inline uint8_t *stepped(uint8_t *at) {
+#if defined(__arm__)
+    asm("" : "+r"(at));
+#endif
+    return at;
+}
+
 // Values at any address: one instruction where the machine allows it, and no violation of aliasing.
 template <class Value>
 struct __attribute__((packed, may_alias)) Anywhere {
@@ -146,6 +154,24 @@ inline size_t first(Mask mask) { return lowestBit(mask) / maskBits; }
 inline size_t last(Mask mask) { return highestBit(mask) / maskBits; }
 
 inline constexpr size_t groupSize = groupBlocks * size;
+
+// A group at an aligned address, and the address behind it; a group of one block leaves `high` alone.
+[[gnu::always_inline]] inline void takeGroup(Address &address, Block &low, Block &high) {
+    if constexpr (groupBlocks == 1) {
+        high = low = loadAligned(address);
+        address += size;
+    } else {
+        takePair(address, low, high);
+    }
+}
+
+[[gnu::always_inline]] inline void putGroup(uint8_t *&to, Block low, Block high) {
+    store(to, low);
+    to = stepped(to + size);
+    if constexpr (groupBlocks == 1) return;
+    store(to, high);
+    to = stepped(to + size);
+}
 
 // The first flagged byte of two blocks in a row, of which one has a flag.
 inline Address firstOfPair(Address address, Flags low, Flags high) {
