@@ -14,7 +14,7 @@ int32_t TQANSI_strcmp(const char *first, const char *second) {
 
 int32_t TQANSI_strncmp(const char *first, const char *second, int32_t count) {
     if (first == nullptr || second == nullptr) return 0;
-    return compareUpTo<Exact>(bytesOf(first), bytesOf(second), positionsToCompare(count));
+    return compareCounted<Exact>(bytesOf(first), bytesOf(second), count);
 }
 
 int32_t TQANSI_stricmp(const char *first, const char *second) {
@@ -23,8 +23,7 @@ int32_t TQANSI_stricmp(const char *first, const char *second) {
 
 int32_t TQANSI_strnicmp(const char *first, const char *second, int32_t count) {
     if (first == nullptr || second == nullptr) return 0;
-    if (count > largestFoldedCount) return compareStrings<Folded>(bytesOf(first), bytesOf(second));
-    return compareUpTo<Folded>(bytesOf(first), bytesOf(second), positionsToCompare(count));
+    return compareCounted<Folded>(bytesOf(first), bytesOf(second), count > largestFoldedCount ? INT32_MAX : count);
 }
 
 int32_t TQANSI_memcmp(const void *first, const void *second, uint32_t count) {
@@ -34,7 +33,7 @@ int32_t TQANSI_memcmp(const void *first, const void *second, uint32_t count) {
 int32_t customStricmp(const char *first, const char *second, const uint8_t *collation) {
     const uint8_t *a = bytesOf(first);
     const uint8_t *b = bytesOf(second);
-    if (collation == nullptr) return compareStrings<Exact>(a, b);
+    if (collation == nullptr) return TQANSI_strcmp(first, second);
     while (collation[*a] == collation[*b] && collation[*a] != 0) ++a, ++b;
     return asSigned(collation[*a]) - asSigned(collation[*b]);
 }

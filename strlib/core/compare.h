@@ -15,13 +15,26 @@
 namespace strlib {
 namespace {
 
-template <class Reading>
+template <class Mode>
 [[gnu::always_inline]] inline int32_t compareStrings(const uint8_t *first, const uint8_t *second) {
-    return compareUpTo<Reading>(first, second, Unlimited());
+#if defined(STRLIB_BLOCK_X86)
+    return compareUpTo<Mode>(first, second, Unlimited());
+#else
+    return compareUpTo<Mode>(first, second, Endless());
+#endif
 }
 
 // The rule for signed counts: 0 compares nothing, a negative count the first bytes only.
-inline Limited positionsToCompare(int32_t count) { return {count < 0 ? 1 : static_cast<size_t>(count)}; }
+template <class Mode>
+[[gnu::always_inline]] inline int32_t compareCounted(const uint8_t *first, const uint8_t *second, int32_t count) {
+    if (count == 0) return 0;
+    const size_t positions = count < 0 ? 1 : static_cast<size_t>(count);
+#if defined(STRLIB_BLOCK_X86)
+    return compareUpTo<Mode>(first, second, Limited{positions});
+#else
+    return compareUpTo<Mode>(first, second, Within{positions - 1});
+#endif
+}
 
 }  // namespace
 }  // namespace strlib

@@ -1,75 +1,196 @@
 #ifndef STRLIB_CORE_COMPARE_WORDS_H
 #define STRLIB_CORE_COMPARE_WORDS_H
 
-// Comparing by words. A word of bytes is compared one by one, which decides most comparisons, then words, then the rest
-// by bytes again.
+// Comparing by words: the first word of both strings where they stand, then aligned words of the first with words of the
+// second at any alignment. What may be read of the second is known from the aligned words that its words reach into: one
+// is loaded ahead of each, and without a NUL in it the next may be as well.
 
 #include "core/case_mode.h"
+#include "core/scan.h"
 
 namespace strlib {
 namespace {
 
-inline constexpr size_t wordSize = sizeof(block::Word);
+using block::Word;
+inline constexpr size_t wordSize = sizeof(Word);
 
-// Whether the aligned word around an address holds a NUL.
-inline bool hasNul(block::Address address) {
-    return block::zeros(block::loadAlignedWord<block::Word>(address - address % wordSize)) != 0;
+// A step looks at two words at most.
+inline constexpr size_t reach = 2 * wordSize;
+
+// Compares byte by byte, a known number of positions or up to the end of both.
+template <class Mode>
+[[gnu::noinline]] int32_t compareBytes(const uint8_t *first, const uint8_t *second, size_t count) {
+    for (size_t i = 0; i < count; ++i) {
+        if (!Mode::alike(first[i], second[i])) return difference<Mode>(first[i], second[i]);
+        if (first[i] == 0) break;
+    }
+    return 0;
 }
 
-// The index of the first word in which the strings may differ or end, given that they do not in the first `wordSize`
-// bytes. Words of `first` are aligned; `second` is loaded behind a look at the aligned words that it reaches into:
-// without a NUL there, all of it is text.
-template <class Reading, class Limit>
-[[gnu::always_inline]] inline size_t passWords(const uint8_t *first, const uint8_t *second, Limit limit) {
+template <class Mode>
+[[gnu::always_inline]] inline Word stopsIn(Word first, Word second) {
+    return static_cast<Word>(Mode::unlike(first, second) | block::zeros(first));
+}
+
+[[gnu::noinline]] static int32_t foldedDifferenceAt(uint32_t bits, Word first, Word second) {
+    return difference<Folded>(static_cast<uint8_t>(first >> bits), static_cast<uint8_t>(second >> bits));
+}
+
+// The difference at the first place where two words differ or end.
+template <class Mode>
+[[gnu::always_inline]] inline int32_t differenceAt(Word stops, Word first, Word second) {
+    const uint32_t bits = block::lowestBit(stops) & ~7u;
+    if constexpr (Mode::folds) return foldedDifferenceAt(bits, first, second);
+    return difference<Mode>(static_cast<uint8_t>(first >> bits), static_cast<uint8_t>(second >> bits));
+}
+
+// Two strings that are alike before the addresses, the first at an aligned word.
+template <class Mode>
+struct Walk {
+    using Address = block::Address;
+
+    // Takes a step; whether the strings differ or end in these words or, as far as it is known, the next ones.
+    [[gnu::always_inline]] bool stops() {
+        next = block::loadAlignedWord<Word>(ahead);
+        ahead = block::stepped(ahead + wordSize);
+        a = block::loadAlignedWord<Word>(at);
+        b = block::loadWord<Word>(block::pointerTo(other));
+        at = block::stepped(at + wordSize);
+        other = block::stepped(other + wordSize);
+        return (Mode::unlike(a, b) | block::zeros(next)) != 0;
+    }
+
+    // Goes on by pairs of words as long as nothing stops.
+    template <class Limit>
+    [[gnu::always_inline]] void passPairs(Limit &limit) {
+        using namespace block;
+        if (other % reach < wordSize && zeros(loadAlignedWord<Word>(ahead)) != 0) return;
+        Address pair = other - other % reach + reach;
+        while (limit.pass(reach)) {
+            Word low, high, a0, a1;
+            takeWords(pair, low, high);
+            takeWords(at, a0, a1);
+            const Word b0 = loadWord<Word>(pointerTo(other));
+            const Word b1 = loadWord<Word>(pointerTo(other + wordSize));
+            if ((Mode::unlike(a0, b0) | Mode::unlike(a1, b1) | zeros(low) | zeros(high)) != 0) {
+                at -= reach;
+                limit.giveBack(reach);
+                break;
+            }
+            other = stepped(other + reach);
+        }
+        ahead = other - other % wordSize + wordSize;
+    }
+
+    Address at;
+    Address other;
+    Address ahead;  // the aligned word behind that around `other`, in which there is no NUL from there on
+    Word next;
+    Word a = 0;
+    Word b = 0;
+};
+
+// Goes on behind a first word that is alike in both. Apart, so that short comparisons save no registers.
+template <class Mode, class Limit>
+[[gnu::noinline]] int32_t compareOn(const uint8_t *first, const uint8_t *second, Limit limit) {
     using namespace block;
-    size_t i = wordSize;
-    if (!limit.allows(2 * wordSize)) return i;
-    const Address start = beginReading(first);
-    const Address other = beginReading(second);
-    if (hasNul(other + i)) return i;
-    i -= start % wordSize;
-    const Address last = other + wordSize - 1;
-    const Address ahead = last - (last + i) % wordSize;
-    for (; limit.allows(i + 2 * wordSize); i += wordSize) {
-        if (zeros(loadAlignedWord<Word>(ahead + i)) != 0) break;
-        const Word aligned = loadAlignedWord<Word>(start + i);
-        if (Reading::unlike(aligned, loadWord<Word>(second + i)) != 0) break;
+    Walk<Mode> walk;
+    walk.at = beginReading(first);
+    walk.other = beginReading(second);
+    // Some of the first word is compared once more, so that the words of the first string are aligned from here on.
+    const size_t done = wordSize - walk.at % wordSize;
+    walk.at += done;
+    walk.other += done;
+    const size_t shift = walk.other % wordSize * 8;
+    walk.ahead = walk.other - walk.other % wordSize;
+    size_t left = limit.pass(done) ? 0 : limit.left(done);
+    Word stops = 0;
+    walk.next = loadAlignedWord<Word>(walk.ahead);
+    walk.ahead += wordSize;
+    if (left == 0 && zeros(walk.next | ((Word{1} << shift) - 1)) == 0) {
+        while (!walk.stops()) {
+            if (!limit.pass(wordSize)) {
+                left = limit.left(wordSize);
+                break;
+            }
+            if constexpr (Limit::pairsPay && wordsAtOnce == 2) {
+                if (walk.at % 64 == 0) walk.passPairs(limit);
+            }
+        }
+        stops = stopsIn<Mode>(walk.a, walk.b);
     }
-    return i;
+    if (stops == 0) {
+        if (left != 0) return compareBytes<Mode>(pointerTo(walk.at), pointerTo(walk.other), left + reach - 1);
+        // The second string ends in the word loaded ahead.
+        walk.a = loadAlignedWord<Word>(walk.at);
+        walk.b = static_cast<Word>(walk.next >> shift);
+        stops = stopsIn<Mode>(walk.a, walk.b);
+    }
+    return differenceAt<Mode>(stops, walk.a, walk.b);
 }
 
-// Goes on where so many bytes are alike, those of a word or none. Apart, so that short comparisons save no registers.
-template <class Reading, class Limit>
-[[gnu::noinline]] int32_t compareOn(size_t i, const uint8_t *first, const uint8_t *second, Limit limit) {
-    if (i != 0) i = passWords<Reading>(first, second, limit);
-    for (; limit.allows(i); ++i) {
-        if (!Reading::alike(first[i], second[i])) return difference<Reading>(first[i], second[i]);
-        if (first[i] == 0) return 0;
-    }
-    return 0;
-}
+// Whether a word at an address reaches out of the group of 32 bytes that may be read.
+inline bool leavesGroup(block::Address address) { return address % 32 > 32 - wordSize; }
 
-template <class Reading, class Limit>
+template <class Mode, class Limit>
 [[gnu::always_inline]] inline int32_t compareUpTo(const uint8_t *first, const uint8_t *second, Limit limit) {
-    if (!limit.allows(wordSize - 1)) return compareOn<Reading>(0, first, second, limit);
-#pragma GCC unroll 8
-    for (size_t i = 0; i < wordSize; ++i) {
-        if (!Reading::alike(first[i], second[i])) return difference<Reading>(first[i], second[i]);
-        if (first[i] == 0) return 0;
+    using namespace block;
+    if (!limit.pass(reach - 1)) return compareBytes<Mode>(first, second, limit.left(reach - 1));
+    const Address at = beginReading(first);
+    const Address other = beginReading(second);
+    if (!leavesGroup(at) && !leavesGroup(other)) {
+        const Word a = loadWord<Word>(pointerTo(at));
+        const Word b = loadWord<Word>(pointerTo(other));
+        const Word stops = stopsIn<Mode>(a, b);
+        if (stops != 0) return differenceAt<Mode>(stops, a, b);
+    } else {
+        for (size_t i = 0; i < wordSize; ++i) {
+            if (!Mode::alike(first[i], second[i])) return difference<Mode>(first[i], second[i]);
+            if (first[i] == 0) return 0;
+        }
     }
-    return compareOn<Reading>(wordSize, first, second, limit);
+    return compareOn<Mode>(first, second, limit);
 }
 
-// Bytes that all exist.
+// Two ranges, of which the second is so far from the first.
+struct Ranges {
+    // Takes the next words; whether they differ.
+    [[gnu::always_inline]] bool differ() {
+        b = block::loadWord<Word>(block::pointerTo(at + distance));
+        a = block::loadWord<Word>(block::pointerTo(at));
+        at = block::stepped(at + wordSize);
+        return a != b;
+    }
+
+    block::Address at;
+    size_t distance;
+    Word a = 0;
+    Word b = 0;
+};
+
+// Bytes that all exist. The last word overlaps what is compared already.
 inline int32_t compareRanges(const uint8_t *first, const uint8_t *second, size_t count) {
-    size_t i = 0;
-    for (; count - i >= wordSize; i += wordSize) {
-        if (block::loadAs<block::Word>(first + i) != block::loadAs<block::Word>(second + i)) break;
+    using namespace block;
+    if (count < wordSize) {
+        for (size_t i = 0; i < count; ++i) {
+            if (first[i] != second[i]) return first[i] - second[i];
+        }
+        return 0;
     }
-    for (; i < count; ++i) {
-        if (first[i] != second[i]) return first[i] - second[i];
+    Ranges ranges = {addressOf(first), addressOf(second) - addressOf(first)};
+    const Address last = addressOf(first) + count - wordSize;
+    bool differ = false;
+    if (count > reach) {
+        const Address lastPair = last - wordSize;
+        while (!differ && ranges.at < lastPair) differ = ranges.differ() || ranges.differ();
     }
-    return 0;
+    if (!differ && ranges.at < last) differ = ranges.differ();
+    if (!differ) {
+        ranges.at = last;
+        if (!ranges.differ()) return 0;
+    }
+    const uint32_t bits = lowestBit(ranges.a ^ ranges.b) & ~7u;
+    return static_cast<uint8_t>(ranges.a >> bits) - static_cast<uint8_t>(ranges.b >> bits);
 }
 
 }  // namespace

@@ -29,15 +29,19 @@ enum class Steps { blocks, groups, blocksThenGroups };
 // How far a scan may go on: to its end, or over so many bytes behind the next one.
 struct Endless {
     static constexpr bool endIsCopied = true;
+    static constexpr bool pairsPay = false;
     bool pass(size_t) const { return true; }
+    void giveBack(size_t) const {}
     size_t left(size_t) const { return 0; }
     size_t clip(size_t count) const { return count; }
 };
 
 struct Within {
     static constexpr bool endIsCopied = false;
+    static constexpr bool pairsPay = true;
     // Whether any bytes are left behind so many.
     bool pass(size_t bytes) { return !__builtin_sub_overflow(behindNext, bytes, &behindNext); }
+    void giveBack(size_t bytes) { behindNext += bytes; }
     // How many were left when so many did not pass.
     size_t left(size_t bytes) const { return behindNext + bytes + 1; }
     size_t clip(size_t count) const { return count <= behindNext ? count : behindNext + 1; }

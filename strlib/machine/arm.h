@@ -38,14 +38,17 @@ inline Word inverse(Word flags) { return zeros(flags); }
 inline Word equals(Word word, Word other) { return zeros(word ^ other); }
 inline Word orEquals(Word flags, Word word, Word other) { return flags | equals(word, other); }
 
-// The bit of case in the letters from `first` on, 26 of them.
-inline Word caseBits(Word word, uint8_t first) {
+// Chooses the bytes of one of two words: of `inside` where a third is one of the 26 letters from `first` on.
+inline Word chooseByLetters(Word word, uint8_t first, Word inside, Word outside) {
     __usub8(splatWord('z' - 'a'), __usub8(word, splatWord(first)));
-    return __sel(splatWord(0x20), 0);
+    return __sel(inside, outside);
 }
 
-inline Word fold(Word word) { return word + caseBits(word, 'A'); }
-inline Word foldedDifference(Word word, Word other) { return (word ^ other) & ~caseBits(word | splatWord(0x20), 'a'); }
+inline Word fold(Word word) { return chooseByLetters(word, 'A', word | splatWord(0x20), word); }
+inline Word foldedDifference(Word word, Word other) {
+    const Word difference = word ^ other;
+    return chooseByLetters(word | splatWord(0x20), 'a', difference & ~splatWord(0x20), difference);
+}
 
 }  // namespace
 }  // namespace strlib::block

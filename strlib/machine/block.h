@@ -46,8 +46,9 @@ inline const uint8_t *pointerTo(Address address) { return reinterpret_cast<const
     return address;
 }
 
-// A pointer after a step of a loop. Where loads and stores step as they go, compilers otherwise undo it.
-[[gnu::always_inline]] inline uint8_t *stepped(uint8_t *at) {
+// A place after a step of a loop. Where loads and stores step as they go, compilers otherwise undo it.
+template <class Place>
+[[gnu::always_inline]] inline Place stepped(Place at) {
 #if defined(__arm__)
     asm("" : "+r"(at));
 #endif
