@@ -7,7 +7,7 @@ using namespace strlib;
 // The bytes of an integer, and so the digits that take part.
 static constexpr size_t integerBytes = 4;
 
-STRLIB_SHARED static size_t lengthOf(const char *string) { return measure(bytesOf(string)); }
+STRLIB_SHARED static size_t lengthOf(const char *string) { return measure<Steps::blocks>(bytesOf(string)); }
 
 static uint32_t digitFromEnd(const uint8_t *string, size_t length, size_t position) {
     return position < length ? static_cast<uint32_t>(asSigned(string[length - 1 - position])) : 0;
@@ -38,8 +38,9 @@ static void putBefore(uint8_t *string, size_t length, uint8_t byte) {
 
 char *string_operator_add(char *destination, const char *source, int32_t addend) {
     uint8_t *const digits = bytesOf(destination);
-    uint8_t *const end = destination == source ? digits + lengthOf(source) : copyString(digits, bytesOf(source));
-    size_t length = static_cast<size_t>(end - digits);
+    size_t length = lengthOf(source);
+    uint8_t *const end = digits + length;
+    if (destination != source) copyBytes(digits, bytesOf(source), length + 1);
     for (uint8_t *at = end; at != digits && addend != 0; addend = shifted(addend)) {
         --at;
         *at = lowByte(uint32_t{*at} + static_cast<uint32_t>(addend));

@@ -4,6 +4,11 @@
 
 using namespace strlib;
 
+int32_t TQANSI_strlen(const char *string) {
+    if (string == nullptr) return 0;
+    return static_cast<int32_t>(measure(bytesOf(string)));
+}
+
 // Copying stands here once, for the routines that copy and for those that add to a string.
 
 STRLIB_SHARED static uint8_t *copyWhole(char *destination, const char *source) {
@@ -14,12 +19,7 @@ STRLIB_SHARED static void copyPart(char *destination, const char *source, int32_
     copyUpTo(bytesOf(destination), bytesOf(source), limit);
 }
 
-STRLIB_SHARED static char *endOf(char *string) { return string + measure(bytesOf(string)); }
-
-int32_t TQANSI_strlen(const char *string) {
-    if (string == nullptr) return 0;
-    return static_cast<int32_t>(measure(bytesOf(string)));
-}
+static char *endOf(char *string) { return string + TQANSI_strlen(string); }
 
 char *TQANSI_strcpy(char *destination, const char *source) {
     if (destination != nullptr && source != nullptr) copyWhole(destination, source);

@@ -19,7 +19,7 @@ constexpr size_t budgetAtStart = 64;
 // Seldom needed: cold code is compiled for size.
 [[gnu::noinline, gnu::cold]] const uint8_t *findInBoundedTime(const uint8_t *string, const uint8_t *sought,
                                                               bool folding) {
-    return TwoWay(sought, measure(sought), folding).find(string, measure(string));
+    return TwoWay(sought, measure<Steps::blocks>(sought), folding).find(string, measure<Steps::blocks>(string));
 }
 
 // How many bytes at a place agree with the sought ones, not counting the NULs.
@@ -93,7 +93,7 @@ constexpr size_t longestCounted = 0xFFFF;
 
 // A substring as long as that matches only where the string ends as it does: one place.
 [[gnu::noinline, gnu::cold]] const uint8_t *findAtEnd(const uint8_t *string, const uint8_t *sought, size_t length) {
-    const size_t available = measure(string);
+    const size_t available = measure<Steps::blocks>(string);
     if (available < length) return nullptr;
     const uint8_t *const place = string + (available - length);
     return TQANSI_strnicmp(resultAt(place), resultAt(sought), static_cast<int32_t>(length)) == 0 ? place : nullptr;
@@ -111,7 +111,7 @@ char *TQ_stristr(const char *string, const char *substring) {
     if (string == nullptr || substring == nullptr) return nullptr;
     if (isEmpty(substring)) return resultAt(bytesOf(string));
     const uint8_t *const sought = bytesOf(substring);
-    const size_t length = measure(sought);
+    const size_t length = measure<Steps::blocks>(sought);
     if (length > longestCounted) return resultAt(findAtEnd(bytesOf(string), sought, length));
     return resultAt(findSubstring<Folded>(bytesOf(string), sought));
 }

@@ -14,7 +14,7 @@ struct Item {
     Ask ask;
     uint8_t byte;  // of a literal or escape: the byte to match; of a conversion: its letter
     uint8_t excluded;
-    int32_t width;
+    uint32_t width;
 };
 
 class Format {
@@ -24,7 +24,7 @@ public:
     Item next() {
         if (*at_ != directiveSign) return literal();
         ++at_;
-        const int32_t width = readWidth(at_);
+        const uint32_t width = readWidth(at_);
         switch (*at_) {
             case 'c':
             case 's':
@@ -63,14 +63,14 @@ private:
         return meant == letter ? plain(letter) : Item{Ask::lineEscape, meant, 0, 0};
     }
 
-    Item sized(int32_t width) {
+    Item sized(uint32_t width) {
         sizeLetter_ = take();
         if (*at_ == 'i' || *at_ == 'u') return {Ask::conversion, take(), 0, width};
         return literal();
     }
 
     // "[^x]" converts. A byte that stands where the '^' or the ']' should is the literal that the directive becomes.
-    Item set(int32_t width) {
+    Item set(uint32_t width) {
         take();
         if (*at_ != '^') return literal();
         take();
@@ -97,17 +97,14 @@ void storeNumber(intptr_t destination, uint32_t value, uint8_t sizeLetter) {
         *reinterpret_cast<Int32 *>(destination) = value;
 }
 
-struct BlankOrNul {
-    block::Flags operator()(block::Block bytes) const { return block::atMost(bytes, ' '); }
-};
-
-struct ByteOrNul {
-    explicit ByteOrNul(uint8_t byte) : byte_(byte) {}
+// What ends a field: the bytes up to a limit, and one more.
+struct FieldEnd {
     block::Flags operator()(block::Block bytes) const {
-        return static_cast<block::Flags>(byte_(bytes) | block::zeros(bytes));
+        return block::orEquals(block::atMost(bytes, upTo), bytes, block::splat(byte));
     }
 
-    Byte byte_;
+    uint8_t upTo;
+    uint8_t byte;
 };
 
 class Input {
@@ -134,12 +131,10 @@ public:
         return true;
     }
 
-    // Copies the bytes up to one at which a scan ends, as far as the width has room for them and a NUL.
-    template <class Ends>
-    bool readField(uint8_t *destination, int32_t width, Ends ends) {
+    // Copies the bytes up to one that ends the field, as far as the width has room for them and a NUL.
+    bool readField(uint8_t *destination, uint32_t width, FieldEnd ends) {
         if (width == 0) return false;
-        const uint32_t room = static_cast<uint32_t>(width) - 1;  // without a width more than any field takes
-        const size_t count = scanUpTo<Steps::blocks>(at_, room, ends);
+        const size_t count = scanUpTo<Steps::blocks>(at_, width - 1, ends);
         copyPiece(destination, at_, count);
         destination[count] = 0;
         at_ += count;
@@ -169,8 +164,8 @@ bool convert(Input &input, const Item &item, intptr_t destination, uint8_t sizeL
     uint8_t *const bytes = reinterpret_cast<uint8_t *>(destination);
     switch (item.byte) {
         case 'c': return input.readByte(bytes);
-        case 's': return input.readField(bytes, item.width, BlankOrNul());
-        case '[': return input.readField(bytes, item.width, ByteOrNul(item.excluded));
+        case 's': return input.readField(bytes, item.width, {' ', 0});
+        case '[': return input.readField(bytes, item.width, {0, item.excluded});
         case 'n': storeNumber(destination, input.consumed(), 'l'); return true;
         default: return input.readNumber(destination, sizeLetter);
     }

@@ -78,9 +78,8 @@ private:
     size_t room_;
 };
 
-void convertNumber(Output &output, int32_t value, int32_t width) {
-    const uint32_t bound = static_cast<uint32_t>(width);  // without a width the largest of all
-    const uint32_t used = bound < largestBound ? bound : largestBound;
+void convertNumber(Output &output, int32_t value, uint32_t width) {
+    const uint32_t used = width < largestBound ? width : largestBound;
     if (output.hasRoomFor(used)) output.putNumber(value, used);
 }
 
@@ -95,7 +94,7 @@ void convertByte(Output &output, uint8_t byte) {
 }
 
 // Whether the letter stands for a conversion; if so, the next slot is used up.
-bool convertTo(Output &output, uint8_t letter, int32_t width, const intptr_t *&slot) {
+bool convertTo(Output &output, uint8_t letter, uint32_t width, const intptr_t *&slot) {
     switch (letter) {
         case 'd': convertNumber(output, static_cast<int32_t>(*slot++), width); return true;
         case 's': convertString(output, reinterpret_cast<const char *>(*slot++)); return true;
@@ -113,7 +112,7 @@ int32_t TQ_sprintf(char *destination, uint32_t size, const char *format, const i
     for (const uint8_t *at = bytesOf(format);;) {
         at = output.putPlain(at);
         if (*at == directiveSign) {
-            const int32_t width = readWidth(++at);
+            const uint32_t width = readWidth(++at);
             if (convertTo(output, *at, width, arguments)) {
                 ++at;
                 continue;

@@ -10,9 +10,9 @@ namespace {
 // with one comparison for all three, even if it stops at some other bytes.
 struct Marks {
     block::Flags operator()(block::Block bytes) const {
-        if (block::maskBits == 8) return block::atMost(bytes, '\r');
-        const block::Flags ends = block::zeros(bytes) | block::equals(bytes, block::splat('\n'));
-        return static_cast<block::Flags>(ends | block::equals(bytes, block::splat('\r')));
+        if (block::isWord) return block::atMost(bytes, '\r');
+        return block::orEquals(block::orEquals(block::zeros(bytes), bytes, block::splat('\n')), bytes,
+                               block::splat('\r'));
     }
 };
 
@@ -23,10 +23,10 @@ int32_t X_TAMBRO_gets(char *destination, int32_t size, const char *source) {
     uint8_t *to = bytesOf(destination);
     size_t room = static_cast<size_t>(size);
     for (; room != 0; ++at) {
-        const size_t count = scanUpTo(at, room, Marks());
-        copyBytes(to, at, count);
+        uint8_t *const end = copyUntil(to, at, Marks(), Within{room - 1});
+        const size_t count = static_cast<size_t>(end - to);
         at += count;
-        to += count;
+        to = end;
         room -= count;
         if (room == 0 || *at == '\n' || *at == 0) break;
         if (*at == '\r') continue;

@@ -140,10 +140,11 @@ private:
 template <class Places>
 [[gnu::always_inline]] inline const uint8_t *findMember(const uint8_t *at, const Members &members,
                                                         const Places &places) {
-    for (at = places.find(at); *at != 0; at = places.find(at + 1)) {
+    for (;; ++at) {
+        at = places.find(at);
+        if (*at == 0) return nullptr;
         if (members.matchAt(at)) return at;
     }
-    return nullptr;
 }
 
 }  // namespace

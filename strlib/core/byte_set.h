@@ -14,7 +14,7 @@ public:
     ByteSet() {
         // The widest stores of the machine; a byte that is absent is 0.
         using Store = long long __attribute__((vector_size(block::size > 16 ? block::size : 16), may_alias));
-#pragma GCC unroll 4
+#pragma GCC unroll 2
         for (size_t i = 0; i < sizeof entries_; i += sizeof(Store)) *reinterpret_cast<Store *>(entries_ + i) = Store{};
         entries_[0] = nul;
     }
@@ -26,13 +26,12 @@ public:
 
     // The first byte from `at` on that is a member, or the NUL.
     const uint8_t *find(const uint8_t *at) const {
-#pragma GCC unroll 4
         while (entries_[*at] == absent) ++at;
         return at;
     }
 
     // The first byte from `at` on that is no member; the NUL never is one.
-    const uint8_t *skip(const uint8_t *at) const {
+    [[gnu::always_inline]] const uint8_t *skip(const uint8_t *at) const {
         while (entries_[*at] == member) ++at;
         return at;
     }
@@ -49,18 +48,24 @@ private:
 template <size_t most>
 class FewBytes {
 public:
-    FewBytes(const uint8_t *members, size_t count) {
+    FewBytes(const uint8_t *members, size_t count) : string_(members) {
 #pragma GCC unroll 4
         for (size_t i = 0; i < most; ++i) members_[i] = block::splat(members[i < count ? i : 0]);
     }
 
     [[gnu::always_inline]] const uint8_t *find(const uint8_t *at) const {
         return scan<Steps::blocksThenGroups>(
-            at, [&](block::Block bytes) { return orAnyIn(block::zeros(bytes), bytes); });
+            at, [set = *this](block::Block bytes) { return set.orAnyIn(block::zeros(bytes), bytes); });
     }
+
+    // Members in a row are few as well: blocks would not pay.
     [[gnu::always_inline]] const uint8_t *skip(const uint8_t *at) const {
-        return scan<Steps::blocks>(
-            at, [&](block::Block bytes) { return block::inverse(orAnyIn(block::Flags{}, bytes)); });
+        for (const uint8_t *member = string_; *member != 0;) {
+            if (*member++ != *at) continue;
+            ++at;
+            member = string_;
+        }
+        return at;
     }
 
     // The bytes that are members, and what is flagged already.
@@ -71,13 +76,14 @@ public:
     }
 
 private:
+    const uint8_t *string_;
     block::Block members_[most];
 };
 
 // What `use` makes of the set, in the form that serves it best. An empty set has the NUL as its only member.
 template <class Use>
 [[gnu::always_inline]] inline auto withSet(const uint8_t *members, Use use) {
-    constexpr size_t fewMembers = block::isWord ? 3 : 4;
+    using block::fewMembers;
     size_t count = 0;
     while (count <= fewMembers && members[count] != 0) ++count;
     return count <= fewMembers ? use(FewBytes<fewMembers>(members, count)) : use(ByteSet(members));

@@ -1,9 +1,9 @@
 #ifndef STRLIB_CORE_COMPARE_WORDS_H
 #define STRLIB_CORE_COMPARE_WORDS_H
 
-// Comparing by words: the first word of both strings where they stand, then aligned words of the first with words of the
-// second at any alignment. What may be read of the second is known from the aligned words that its words reach into: one
-// is loaded ahead of each, and without a NUL in it the next may be as well.
+// Comparing by words: the first word of both strings where they stand, then aligned words of the first with words of
+// the second at any alignment. What may be read of the second is known from the aligned words that its words reach
+// into: one is loaded ahead of each, and without a NUL in it the next may be as well.
 
 #include "core/case_mode.h"
 #include "core/scan.h"
@@ -32,7 +32,7 @@ template <class Mode>
     return static_cast<Word>(Mode::unlike(first, second) | block::zeros(first));
 }
 
-[[gnu::noinline]] static int32_t foldedDifferenceAt(uint32_t bits, Word first, Word second) {
+[[gnu::noinline]] inline int32_t foldedDifferenceAt(uint32_t bits, Word first, Word second) {
     return difference<Folded>(static_cast<uint8_t>(first >> bits), static_cast<uint8_t>(second >> bits));
 }
 
@@ -107,7 +107,7 @@ template <class Mode, class Limit>
     Word stops = 0;
     walk.next = loadAlignedWord<Word>(walk.ahead);
     walk.ahead += wordSize;
-    if (left == 0 && zeros(walk.next | ((Word{1} << shift) - 1)) == 0) {
+    if (left == 0 && zeros(static_cast<Word>(walk.next | ((Word{1} << shift) - 1))) == 0) {
         while (!walk.stops()) {
             if (!limit.pass(wordSize)) {
                 left = limit.left(wordSize);
@@ -135,6 +135,7 @@ inline bool leavesGroup(block::Address address) { return address % 32 > 32 - wor
 template <class Mode, class Limit>
 [[gnu::always_inline]] inline int32_t compareUpTo(const uint8_t *first, const uint8_t *second, Limit limit) {
     using namespace block;
+    if (wordSize == 1) return compareBytes<Mode>(first, second, limit.all());
     if (!limit.pass(reach - 1)) return compareBytes<Mode>(first, second, limit.left(reach - 1));
     const Address at = beginReading(first);
     const Address other = beginReading(second);
@@ -171,7 +172,7 @@ struct Ranges {
 // Bytes that all exist. The last word overlaps what is compared already.
 inline int32_t compareRanges(const uint8_t *first, const uint8_t *second, size_t count) {
     using namespace block;
-    if (count < wordSize) {
+    if (wordSize == 1 || count < wordSize) {
         for (size_t i = 0; i < count; ++i) {
             if (first[i] != second[i]) return first[i] - second[i];
         }

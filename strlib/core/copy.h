@@ -1,10 +1,10 @@
 #ifndef STRLIB_CORE_COPY_H
 #define STRLIB_CORE_COPY_H
 
-// Copying, a group of blocks at a time, with the result of copying byte by byte from the front. Where the texts overlap,
-// this holds as long as they are a group apart: a group is loaded before what it overwrites is needed, and after what
-// earlier ones have written. Closer texts are copied byte by byte. Tails go by a block that overlaps what is copied
-// already.
+// Copying by blocks, with the result of copying byte by byte from the front. Where the texts overlap, this holds as long
+// as they are two blocks apart, which is what is loaded at once: it is loaded before anything that it overwrites is
+// needed, and after everything before it is written. Closer texts are copied byte by byte. Tails go by a block that
+// overlaps what is copied already.
 
 #include "core/scan.h"
 
@@ -59,40 +59,52 @@ template <class Ends, class Limit>
     return to + rest;
 }
 
-// Goes on at an aligned block, behind a block or more that is copied.
+// Words are copied by pairs where the machine has such; vectors are wide enough by themselves.
+inline constexpr bool byPairs = block::isWord && block::groupBlocks == 2;
+inline constexpr size_t copyStep = byPairs ? 2 * block::size : block::size;
+
+// Goes on at an aligned block, or pair of blocks, behind a block or more that is copied.
 template <class Ends, class Limit>
-[[gnu::always_inline]] inline uint8_t *copyGroups(uint8_t *to, block::Address address, Ends ends, Limit limit) {
+[[gnu::always_inline]] inline uint8_t *copyOn(uint8_t *to, block::Address address, Ends ends, Limit limit) {
     using namespace block;
+    // The last bytes, of which the first block of a pair may be copied as a whole.
+    const auto finish = [&](Block low, bool isInHigh, size_t rest) {
+        address -= copyStep;
+        if (byPairs && isInHigh) {
+            store(to, low);
+            to += size;
+            address += size;
+        }
+        return copyTail(to, address, rest);
+    };
     for (;;) {
         Block low;
         Block high;
-        takeGroup(address, low, high);
+        if constexpr (byPairs) {
+            takePair(address, low, high);
+        } else {
+            low = high = loadAligned(address);
+            address = stepped(address + size);
+        }
         const Flags inLow = ends(low);
         const Flags inHigh = ends(high);
-        if (groupBlocks == 1 ? any(inLow) : anyOfPair(inLow, inHigh)) {
-            address -= groupSize;
+        if (byPairs ? anyOfPair(inLow, inHigh) : any(inLow)) {
             Mask end = pack(inLow);
-            if (groupBlocks != 1 && end == 0) {
-                store(to, low);
-                to += size;
-                address += size;
-                end = pack(inHigh);
-            }
-            const size_t rest = limit.clip(first(end));
-            return copyTail(to, address, rest + Limit::endIsCopied) - Limit::endIsCopied;
+            const bool isInHigh = byPairs && end == 0;
+            if (isInHigh) end = pack(inHigh);
+            return finish(low, isInHigh, limit.clip(first(end)) + Limit::endIsCopied) - Limit::endIsCopied;
         }
-        if (!limit.pass(groupSize)) {
-            address -= groupSize;
-            size_t rest = limit.left(groupSize);
-            if (groupBlocks != 1 && rest > size) {
-                store(to, low);
-                to += size;
-                address += size;
-                rest -= size;
-            }
-            return copyTail(to, address, rest);
+        if (!limit.pass(copyStep)) {
+            const size_t rest = limit.left(copyStep);
+            const bool isInHigh = byPairs && rest > size;
+            return finish(low, isInHigh, isInHigh ? rest - size : rest);
         }
-        putGroup(to, low, high);
+        store(to, low);
+        to = stepped(to + size);
+        if constexpr (byPairs) {
+            store(to, high);
+            to = stepped(to + size);
+        }
     }
 }
 
@@ -102,7 +114,7 @@ template <class Ends, class Limit>
 [[gnu::always_inline]] inline uint8_t *copyUntil(uint8_t *destination, const uint8_t *source, Ends ends, Limit limit) {
     using namespace block;
     const size_t distance = addressOf(destination) - addressOf(source);
-    if (distance + groupSize - 1 < 2 * groupSize - 1) return copyByBytes(destination, source, ends, limit);
+    if (distance + 2 * size - 1 < 4 * size - 1) return copyByBytes(destination, source, ends, limit);
 
     // What the first two aligned blocks hold of the text is copied as a whole if it ends there.
     const Address start = beginReading(source);
@@ -128,7 +140,7 @@ template <class Ends, class Limit>
             store(to, second);
             to += size;
             address += size;
-            if (groupBlocks != 1 && address % groupSize != 0) {
+            if (byPairs && address % copyStep != 0) {
                 const Block third = loadAligned(address);
                 end = pack(ends(third));
                 if (end != 0) {
@@ -140,7 +152,7 @@ template <class Ends, class Limit>
                 to += size;
                 address += size;
             }
-            return copyGroups(to, address, ends, limit);
+            return copyOn(to, address, ends, limit);
         }
     }
     copyShort(destination, source, count + (end != 0 && Limit::endIsCopied));

@@ -14,19 +14,16 @@ namespace {
 inline constexpr uint8_t directiveSign = '%';
 inline constexpr uint8_t escapeSign = '\\';
 
-inline constexpr int32_t noWidth = -1;
-inline constexpr int32_t widthGroupDigits = 7;
+inline constexpr uint32_t noWidth = UINT32_MAX;
+inline constexpr uint32_t widthGroupDigits = 7;
 
 // Reads the width groups at `at`, moves it behind them and gives the value of the last, or noWidth.
-inline int32_t readWidth(const uint8_t *&at) {
-    int32_t width = noWidth;
-    while (isDigit(*at)) {
-        char group[widthGroupDigits + 1];
-        int32_t count = 0;
-        do group[count++] = static_cast<char>(*at++);
-        while (count < widthGroupDigits && isDigit(*at));
-        group[count] = 0;
-        width = TQANSI_atoi(group);
+inline uint32_t readWidth(const uint8_t *&at) {
+    uint32_t width = noWidth;
+    for (uint32_t count = 0; isDigit(*at); ++at) {
+        if (count == 0) width = 0;
+        width = width * 10 + (*at - uint32_t{'0'});
+        if (++count == widthGroupDigits) count = 0;
     }
     return width;
 }

@@ -34,6 +34,7 @@ struct Endless {
     void giveBack(size_t) const {}
     size_t left(size_t) const { return 0; }
     size_t clip(size_t count) const { return count; }
+    size_t all() const { return SIZE_MAX; }
 };
 
 struct Within {
@@ -45,14 +46,15 @@ struct Within {
     // How many were left when so many did not pass.
     size_t left(size_t bytes) const { return behindNext + bytes + 1; }
     size_t clip(size_t count) const { return count <= behindNext ? count : behindNext + 1; }
+    size_t all() const { return behindNext + 1; }
 
     size_t behindNext;
 };
 
 template <Steps steps>
-inline constexpr bool startsByGroups = steps == Steps::groups && block::packsGroups;
+inline constexpr bool startsByGroups = steps == Steps::groups &&block::packsGroups;
 template <Steps steps>
-inline constexpr bool goesByGroups = steps != Steps::blocks && block::groupBlocks != 1;
+inline constexpr bool goesByGroups = steps != Steps::blocks &&block::groupBlocks != 1;
 template <Steps steps>
 inline constexpr size_t firstStep = startsByGroups<steps> ? block::groupSize : block::size;
 
@@ -92,13 +94,17 @@ template <Steps steps, class Ends, class Limit>
             if (!limit.pass(groupSize)) return 0;
         }
     } else {
+        Flags flags;
+        bool ended;
 #pragma GCC unroll block::blocksATurn
         do {
-            const Flags flags = ends(loadAligned(address));
-            if (any(flags)) return address + first(pack(flags));
+            flags = ends(loadAligned(address));
+            ended = any(flags);
+            if (ended) continue;
+            if (!limit.pass(size)) return 0;
             address += size;
-        } while (limit.pass(size));
-        return 0;
+        } while (!ended);
+        return address + first(pack(flags));
     }
 }
 
@@ -125,9 +131,10 @@ template <Steps steps = Steps::groups, class Ends>
     return found == nullptr ? limit : static_cast<size_t>(found - at);
 }
 
-inline size_t measure(const uint8_t *string) { return static_cast<size_t>(scan(string, Nul()) - string); }
-
-inline size_t measureUpTo(const uint8_t *string, size_t limit) { return scanUpTo(string, limit, Nul()); }
+template <Steps steps = Steps::groups>
+[[gnu::always_inline]] inline size_t measure(const uint8_t *string) {
+    return static_cast<size_t>(scan<steps>(string, Nul()) - string);
+}
 
 }  // namespace
 }  // namespace strlib

@@ -22,7 +22,11 @@ inline constexpr size_t wordsAtOnce = 2;
     asm("ldrd %0, %H0, [%1], #8" : "=r"(both), "+r"(address) : "m"(bytes));
     low = static_cast<Word>(both);
     high = static_cast<Word>(both >> 32);
-    if (__BYTE_ORDER__ != __ORDER_LITTLE_ENDIAN__) { const Word first = high; high = low; low = first; }
+    if (__BYTE_ORDER__ != __ORDER_LITTLE_ENDIAN__) {
+        const Word first = high;
+        high = low;
+        low = first;
+    }
 #endif
     asm("" : "+r"(address));  // Or the old address is kept in a register of its own.
     low = littleEndian(low);

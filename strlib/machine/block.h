@@ -110,6 +110,7 @@ inline Word loadAlignedWord(Address address) {
 //   Mask, maskBits, pack(flags)        the flags as an integer, and its bits for each byte
 //   any(flags)                         whether any byte is flagged
 //   blocksATurn                        how many blocks a loop takes before it jumps back
+//   fewMembers                         how many members of a set are compared with whole blocks
 //   load(at), store(at, block)         at any address
 //   loadAligned(address)               an aligned block, by the reading rule
 //   STRLIB_SHARED                      for code that several routines use: once where size counts, else in each of them
@@ -155,24 +156,6 @@ inline size_t first(Mask mask) { return lowestBit(mask) / maskBits; }
 inline size_t last(Mask mask) { return highestBit(mask) / maskBits; }
 
 inline constexpr size_t groupSize = groupBlocks * size;
-
-// A group at an aligned address, and the address behind it; a group of one block leaves `high` alone.
-[[gnu::always_inline]] inline void takeGroup(Address &address, Block &low, Block &high) {
-    if constexpr (groupBlocks == 1) {
-        high = low = loadAligned(address);
-        address += size;
-    } else {
-        takePair(address, low, high);
-    }
-}
-
-[[gnu::always_inline]] inline void putGroup(uint8_t *&to, Block low, Block high) {
-    store(to, low);
-    to = stepped(to + size);
-    if constexpr (groupBlocks == 1) return;
-    store(to, high);
-    to = stepped(to + size);
-}
 
 // The first flagged byte of two blocks in a row, of which one has a flag.
 inline Address firstOfPair(Address address, Flags low, Flags high) {

@@ -22,6 +22,7 @@ namespace strlib::block {
 namespace {
 
 inline constexpr int blocksATurn = 1;
+inline constexpr size_t fewMembers = 3;
 // NEON has no way to gather top bits: each byte keeps other two of its bits, then neighbours are added, twice.
 using Mask = uint32_t;
 inline constexpr uint32_t maskBits = 2;
