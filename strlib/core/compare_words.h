@@ -60,6 +60,14 @@ template <class Reading, class Limit>
     return compareOn<Reading>(wordSize, first, second, limit);
 }
 
+// How many bytes two strings have in common at their start.
+template <class Reading>
+[[gnu::always_inline]] inline size_t commonPrefix(const uint8_t *first, const uint8_t *second) {
+    size_t count = 0;
+    while (second[count] != 0 && Reading::alike(first[count], second[count])) ++count;
+    return count;
+}
+
 // Bytes that all exist.
 inline int32_t compareRanges(const uint8_t *first, const uint8_t *second, size_t count) {
     size_t i = 0;
