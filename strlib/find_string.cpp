@@ -1,5 +1,7 @@
 #include <strlib.h>
 
+#include "core/compare.h"
+#include "core/needle_scan.h"
 #include "core/two_way.h"
 
 // Finding a substring. Places where it may stand are found by a scan and compared there, with nothing measured

@@ -40,9 +40,14 @@ public:
         choose(rarestBut(read(rarest)));
     }
 
-    // The first place from `from` on, which grows from call to call; null if there is none.
+    // The first place from `from` on, which grows from call to call and has no NUL before it; null if there is none.
     const uint8_t *next(const uint8_t *from) {
         const block::Address least = block::addressOf(from) + (known - 1);
+        const block::Address current = block::addressOf(from) - block::offsetIn(block::addressOf(from));
+        if (current > next_) {
+            next_ = current;
+            places_ = 0;
+        }
         for (;;) {
             drop(least);
             if (places_ != 0) {

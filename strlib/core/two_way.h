@@ -5,7 +5,6 @@
 // needle is cut in two at a place such that a mismatch right of it moves on by what was compared, and one left of it by
 // the period. Places where the right part may stand are found by a scan.
 
-#include "core/compare.h"
 #include "core/needle_scan.h"
 
 namespace strlib {
@@ -31,20 +30,19 @@ public:
         const uint8_t *const last = text + (count - length_);
         size_t known = 0;  // bytes at the front that are known to match, in a periodic search
         for (const uint8_t *place = text; place <= last;) {
-            size_t matched = known;
-            if (known == 0) {
-                const uint8_t *const right = scan.next(place + cut_);
-                if (right == nullptr || right - cut_ > last) return nullptr;
-                place = right - cut_;
-                matched = cut_ + scan.known;
-            }
-            matched += commonPrefix<Mode>(place + matched, needle_ + matched);
+            const size_t start = known != 0 ? known : cut_;
+            const size_t matched = start + agreement<Mode>(place, start, length_);
             if (matched < length_) {
                 place += matched - cut_ + 1;
                 known = 0;
+                // This far on, the next place is as good as any.
+                if (matched >= cut_ + scan.known || place > last) continue;
+                const uint8_t *const right = scan.next(place + cut_);
+                if (right == nullptr || right - cut_ > last) return nullptr;
+                place = right - cut_;
                 continue;
             }
-            if (known != 0 || commonPrefix<Mode>(place, needle_) >= cut_) return place;
+            if (known != 0 || agreement<Mode>(place, 0, cut_) == cut_) return place;
             place += period_;
             known = periodic_ ? length_ - period_ : 0;
         }
@@ -58,6 +56,22 @@ private:
     };
 
     uint8_t byteOf(uint8_t byte) const { return folding_ ? folded(byte) : byte; }
+
+    // How many bytes of the needle from `start` to `end` stand in a row in the text that is to begin at a place.
+    template <class Mode>
+    size_t agreement(const uint8_t *place, size_t start, size_t end) const {
+        const uint8_t *const first = place + start;
+        const uint8_t *const second = needle_ + start;
+        const size_t count = end - start;
+        size_t i = 0;
+        for (; count - i >= block::size; i += block::size) {
+            const block::Block unlike = Mode::unlike(block::load(first + i), block::load(second + i));
+            const block::Mask differences = block::differences(unlike, block::splat(0));
+            if (differences != 0) return i + block::first(differences);
+        }
+        while (i < count && Mode::alike(first[i], second[i])) ++i;
+        return i;
+    }
 
     // The greatest suffix in the order of bytes or its reverse, and its period.
     Suffix greatestSuffix(bool reversed) const {
