@@ -59,7 +59,7 @@ private:
 
     // How many bytes of the needle from `start` to `end` stand in a row in the text that is to begin at a place.
     template <class Mode>
-    size_t agreement(const uint8_t *place, size_t start, size_t end) const {
+    STRLIB_SHARED size_t agreement(const uint8_t *place, size_t start, size_t end) const {
         const uint8_t *const first = place + start;
         const uint8_t *const second = needle_ + start;
         const size_t count = end - start;
