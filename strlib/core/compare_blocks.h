@@ -144,6 +144,9 @@ template <class Mode, class Limit>
     return compareTexts<Mode, Difference<Mode>>(first, second, limit);
 }
 
+// Whether commonPrefix() takes less than looking bytes up.
+inline constexpr bool passesEqualBytesFast = true;
+
 // How many bytes two strings have in common at their start.
 template <class Mode>
 [[gnu::always_inline]] inline size_t commonPrefix(const uint8_t *first, const uint8_t *second) {

@@ -60,6 +60,9 @@ template <class Reading, class Limit>
     return compareOn<Reading>(wordSize, first, second, limit);
 }
 
+// Whether commonPrefix() takes less than looking bytes up.
+inline constexpr bool passesEqualBytesFast = false;
+
 // How many bytes two strings have in common at their start.
 template <class Reading>
 [[gnu::always_inline]] inline size_t commonPrefix(const uint8_t *first, const uint8_t *second) {
