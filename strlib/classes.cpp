@@ -23,7 +23,7 @@ struct NoBlank {
 
 }  // namespace
 
-int32_t TQ_isBlankLine(const char *string) { return *scan(bytesOf(string), NoBlank()) == 0; }
+int32_t TQ_isBlankLine(const char *string) { return *scan<Steps::blocks>(bytesOf(string), NoBlank()) == 0; }
 
 int32_t TQ_isAttribute(uint32_t mask, const uint8_t *attributes, int32_t byte) {
     return attributes != nullptr && (attributes[lowByte(byte)] & mask) != 0;

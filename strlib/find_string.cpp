@@ -1,50 +1,66 @@
 #include <strlib.h>
 
 #include "core/compare.h"
-#include "core/scan.h"
+#include "core/needle_scan.h"
 #include "core/two_way.h"
 
-// Finding a substring. Places where its first two bytes stand are found a block at a time and compared there, with
-// nothing measured beforehand. Texts that keep agreeing with the substring for long use up a budget that grows with the
-// bytes passed; the rest is then searched in a way whose cost has a bound.
+// Finding a substring. Places where it may stand are found by a scan and compared there, with nothing measured
+// beforehand. Texts that keep agreeing with the needle for long use up a budget that grows with the bytes passed; the
+// rest is then searched in a way whose cost has a bound.
 
 using namespace strlib;
 
 namespace {
 
-// Bytes compared for nothing: so many for each byte passed, of which so many count in advance.
+// Bytes that may be compared in vain: so many for each byte passed, as if so many had been passed at the start. A place
+// that is tried counts as some bytes by itself.
 constexpr size_t budgetPerByte = 4;
 constexpr size_t budgetAtStart = 64;
+constexpr size_t costOfPlace = 8;
+
+// Only where the cost of a whole scan is worth its while.
+STRLIB_SHARED size_t lengthOf(const uint8_t *string) { return measure(string); }
 
 // Seldom needed: cold code is compiled for size.
-[[gnu::noinline, gnu::cold]] const uint8_t *findInBoundedTime(const uint8_t *string, const uint8_t *sought,
-                                                              bool folding) {
-    return TwoWay(sought, measure<Steps::blocks>(sought), folding).find(string, measure<Steps::blocks>(string));
+template <class Mode>
+[[gnu::noinline, gnu::cold]] const uint8_t *findInBoundedTime(const uint8_t *text, const uint8_t *needle) {
+    return TwoWay(needle, lengthOf(needle), Mode::folds)
+        .template find<Mode>(text, lengthOf(text));
 }
 
-// How many bytes at a place agree with the sought ones, not counting the NULs.
-template <class Reading>
-size_t agreement(const uint8_t *place, const uint8_t *sought) {
-    size_t count = 0;
-    while (sought[count] != 0 && Reading::read(place[count]) == Reading::read(sought[count])) ++count;
-    return count;
+// The first place of a needle that is not empty; null if there is none.
+template <class Mode>
+const uint8_t *findByScan(const uint8_t *text, const uint8_t *needle) {
+    NeedleScan<Mode> scan(text, needle);
+    const uint8_t *from = text;
+    for (size_t spent = 0; (from = scan.next(from)) != nullptr; ++from) {
+        const size_t agreed = scan.known + commonPrefix<Mode>(from + scan.known, needle + scan.known);
+        if (needle[agreed] == 0) return from;
+        if (from[agreed] == 0) return nullptr;
+        spent += costOfPlace + agreed;
+        if (spent / budgetPerByte > budgetAtStart + static_cast<size_t>(from - text))
+            return findInBoundedTime<Mode>(from + 1, needle);
+    }
+    return nullptr;
 }
 
-template <class Reading>
+// Where masks are cheap, what is near is found by the first two bytes, with nothing prepared.
+constexpr bool findsNearByPair = block::maskBits == 1;
+constexpr size_t near = 512;
+
+template <class Mode>
 class PairFilter {
 public:
-    explicit PairFilter(const uint8_t *sought)
-        : first_(block::splat(Reading::read(sought[0]))),
-          second_(block::splat(Reading::read(sought[1]))),
-          always_(sought[1] == 0 ? static_cast<block::Mask>(~block::Mask{0}) : 0) {}
+    explicit PairFilter(const uint8_t *needle)
+        : first_(block::splat(Mode::read(needle[0]))),
+          second_(block::splat(Mode::read(needle[1]))),
+          always_(needle[1] == 0 ? block::fullMask : 0) {}
 
     // The places in a block where both bytes stand, or the first does and the second may, being outside.
     block::Mask candidates(block::Block bytes) const {
-        const block::Block read = Reading::readBlock(bytes);
-        const block::Mask places = block::pack(block::equals(read, first_));
-        if (block::isWord && places == 0) return 0;  // Often so in a word, seldom in a vector.
+        const block::Block read = Mode::readBlock(bytes);
         const block::Mask followed = block::ofSuccessors(block::pack(block::equals(read, second_)));
-        return static_cast<block::Mask>(places & (followed | always_));
+        return block::pack(block::equals(read, first_)) & (followed | always_);
     }
 
 private:
@@ -53,39 +69,37 @@ private:
     block::Mask always_;  // a single byte needs no second one
 };
 
-// The first place of a substring that is not empty; null if there is none.
-template <class Reading>
-const uint8_t *findSubstring(const uint8_t *string, const uint8_t *sought) {
-    const PairFilter<Reading> filter(sought);
-    block::Address address = block::beginReading(string);
+template <class Mode>
+const uint8_t *findByPair(const uint8_t *text, const uint8_t *needle) {
+    const PairFilter<Mode> filter(needle);
+    block::Address address = block::beginReading(text);
     const size_t offset = block::offsetIn(address);
     address -= offset;
-    const block::Address start = address;
+    const block::Address end = address + near;
     size_t before = offset;  // bytes at the front of the block that do not count
-    for (size_t spent = 0;; address += block::size) {
+    for (size_t spent = 0; address != end; address += block::size, before = 0) {
         const block::Block bytes = block::loadAligned(address);
-        block::Mask end = block::pack(block::zeros(bytes));
-        block::Mask places = filter.candidates(bytes);
-        if (before != 0) {
-            end = block::from(end, before);
-            places = block::from(places, before);
-            before = 0;
-        }
-        if (end != 0) places = block::before(places, end);
-        while (places != 0) {
-            const size_t index = block::first(places);
-            const uint8_t *const place = block::pointerTo(address + index);
-            const size_t agreed = agreement<Reading>(place, sought);
-            if (sought[agreed] == 0) return place;
+        const block::Mask nuls = block::from(block::pack(block::zeros(bytes)), before);
+        block::Mask places = block::from(filter.candidates(bytes), before);
+        if (nuls != 0) places = block::before(places, nuls);
+        for (; places != 0; places &= places - 1) {
+            const uint8_t *const place = block::pointerTo(address + block::first(places));
+            size_t agreed = 1;
+            while (needle[agreed] != 0 && Mode::alike(place[agreed], needle[agreed])) ++agreed;
+            if (needle[agreed] == 0) return place;
             if (place[agreed] == 0) return nullptr;
             spent += agreed;
-            if (spent / budgetPerByte > budgetAtStart + (address - start)) {
-                return findInBoundedTime(place + 1, sought, Reading::folds);
-            }
-            places = block::after(places, index);
+            if (spent / budgetPerByte > budgetAtStart + near) return findByScan<Mode>(place + 1, needle);
         }
-        if (end != 0) return nullptr;
+        if (nuls != 0) return nullptr;
     }
+    return findByScan<Mode>(block::pointerTo(address), needle);
+}
+
+template <class Mode>
+const uint8_t *findSubstring(const uint8_t *text, const uint8_t *needle) {
+    if constexpr (findsNearByPair) return findByPair<Mode>(text, needle);
+    return findByScan<Mode>(text, needle);
 }
 
 // Folded comparisons count to 16 bits: with a longer count they go on to the end of both strings.
@@ -93,7 +107,7 @@ constexpr size_t longestCounted = 0xFFFF;
 
 // A substring as long as that matches only where the string ends as it does: one place.
 [[gnu::noinline, gnu::cold]] const uint8_t *findAtEnd(const uint8_t *string, const uint8_t *sought, size_t length) {
-    const size_t available = measure<Steps::blocks>(string);
+    const size_t available = lengthOf(string);
     if (available < length) return nullptr;
     const uint8_t *const place = string + (available - length);
     return TQANSI_strnicmp(resultAt(place), resultAt(sought), static_cast<int32_t>(length)) == 0 ? place : nullptr;
@@ -111,7 +125,7 @@ char *TQ_stristr(const char *string, const char *substring) {
     if (string == nullptr || substring == nullptr) return nullptr;
     if (isEmpty(substring)) return resultAt(bytesOf(string));
     const uint8_t *const sought = bytesOf(substring);
-    const size_t length = measure<Steps::blocks>(sought);
+    const size_t length = lengthOf(sought);
     if (length > longestCounted) return resultAt(findAtEnd(bytesOf(string), sought, length));
     return resultAt(findSubstring<Folded>(bytesOf(string), sought));
 }

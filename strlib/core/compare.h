@@ -7,7 +7,7 @@
 #include "machine/block.h"
 
 #if defined(STRLIB_BLOCK_X86)
-#include "core/compare_windows.h"
+#include "core/compare_blocks.h"
 #else
 #include "core/compare_words.h"
 #endif

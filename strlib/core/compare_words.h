@@ -66,7 +66,8 @@ struct Walk {
         using namespace block;
         if (other % reach < wordSize && zeros(loadAlignedWord<Word>(ahead)) != 0) return;
         Address pair = other - other % reach + reach;
-        while (limit.pass(reach)) {
+        for (;;) {
+            if (!limit.pass(reach)) break;
             Word low, high, a0, a1;
             takeWords(pair, low, high);
             takeWords(at, a0, a1);
@@ -74,11 +75,11 @@ struct Walk {
             const Word b1 = loadWord<Word>(pointerTo(other + wordSize));
             if ((Mode::unlike(a0, b0) | Mode::unlike(a1, b1) | zeros(low) | zeros(high)) != 0) {
                 at -= reach;
-                limit.giveBack(reach);
                 break;
             }
             other = stepped(other + reach);
         }
+        limit.giveBack(reach);  // of the pair that stopped or did not pass
         ahead = other - other % wordSize + wordSize;
     }
 
@@ -151,6 +152,17 @@ template <class Mode, class Limit>
         }
     }
     return compareOn<Mode>(first, second, limit);
+}
+
+// Whether commonPrefix() takes less than looking bytes up.
+inline constexpr bool passesEqualBytesFast = false;
+
+// How many bytes two strings have in common at their start.
+template <class Mode>
+[[gnu::always_inline]] inline size_t commonPrefix(const uint8_t *first, const uint8_t *second) {
+    size_t count = 0;
+    while (second[count] != 0 && Mode::alike(first[count], second[count])) ++count;
+    return count;
 }
 
 // Two ranges, of which the second is so far from the first.

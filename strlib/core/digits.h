@@ -7,57 +7,48 @@ namespace strlib {
 namespace {
 
 // Division without a divider. ARMv7-A need not have one, and what compilers put in its place is a call out of the
-// library; so constants divide by multiplying with a rounded-up reciprocal, exact for all 32-bit values, and variables
-// with a reciprocal that is found once.
+// library; so values are multiplied by reciprocals, rounded up.
 
-inline uint32_t dividedBy10000(uint32_t value) { return static_cast<uint32_t>(value * uint64_t{0xD1B71759} >> 45); }
+// Exact for all 32-bit values.
+inline uint32_t dividedBy100(uint32_t value) { return static_cast<uint32_t>(value * uint64_t{0x51EB851F} >> 37); }
 
-// For values below 10000 and below 100.
-inline uint32_t smallDividedBy100(uint32_t value) { return value * 5243 >> 19; }
-inline uint32_t smallDividedBy10(uint32_t value) { return value * 103 >> 10; }
+inline constexpr uint32_t smallestRadix = 2;
+inline constexpr uint32_t largestRadix = 36;
 
-class Divisor {
-public:
-    explicit Divisor(uint32_t divisor)
-        : divisor_(divisor),
-          bits_(static_cast<uint32_t>(__builtin_ctz(divisor))),
-          reciprocal_((divisor & (divisor - 1)) == 0 ? 0 : reciprocalOf(divisor)) {}
+// The number of times that a radix can be halved, rounded up, less one.
+inline constexpr uint32_t radixShift(uint32_t radix) { return 31 - static_cast<uint32_t>(__builtin_clz(radix - 1)); }
 
-    // Divides a value and gives the remainder.
-    uint32_t divide(uint32_t &value) const {
-        const uint32_t dividend = value;
-        value = reciprocal_ == 0 ? dividend >> bits_ : static_cast<uint32_t>(dividend * uint64_t{reciprocal_} >> 32);
-        const uint32_t remainder = dividend - value * divisor_;
-        if (remainder < divisor_) return remainder;
-        ++value;  // The reciprocal is rounded down: the product is right or short by one.
-        return remainder - divisor_;
+// 2^(32 + shift) / radix, rounded up. The quotient is exact as long as the value times what was added by rounding,
+// which is less than the radix and so at most 2^(shift + 1), stays below 2^(32 + shift): for all values up to 2^31.
+struct Reciprocals {
+    constexpr Reciprocals() : of{} {
+        for (uint32_t radix = smallestRadix; radix <= largestRadix; ++radix)
+            of[radix - smallestRadix] =
+                static_cast<uint32_t>(((uint64_t{1} << (32 + radixShift(radix))) + radix - 1) / radix);
     }
-
-private:
-    // (2^32 - 1) / divisor.
-    static uint32_t reciprocalOf(uint32_t divisor) {
-#if defined(__arm__) && !defined(__ARM_FEATURE_IDIV)
-        // Long division in base 2. The remainder stays below the divisor, which is small, so that doubling it is safe.
-        uint32_t quotient = 0;
-        uint32_t remainder = 0;
-        for (uint32_t bits = 32; bits != 0; --bits) {
-            remainder = remainder << 1 | 1;
-            quotient <<= 1;
-            if (remainder >= divisor) {
-                remainder -= divisor;
-                ++quotient;
-            }
-        }
-        return quotient;
-#else
-        return UINT32_MAX / divisor;
-#endif
-    }
-
-    uint32_t divisor_;
-    uint32_t bits_;
-    uint32_t reciprocal_;  // 0 for powers of two, which divide by shifts
+    uint32_t of[largestRadix - smallestRadix + 1];
 };
+
+inline constexpr Reciprocals reciprocals;
+
+// A value up to 2^31 divided by a radix.
+inline uint32_t dividedByRadix(uint32_t value, uint32_t radix) {
+    const uint64_t product = value * uint64_t{reciprocals.of[radix - smallestRadix]};
+    return static_cast<uint32_t>(product >> 32) >> radixShift(radix);
+}
+
+// "00" to "99".
+struct DigitPairs {
+    constexpr DigitPairs() : at{} {
+        for (uint8_t i = 0; i < 100; ++i) {
+            at[i][0] = static_cast<uint8_t>('0' + i / 10);
+            at[i][1] = static_cast<uint8_t>('0' + i % 10);
+        }
+    }
+    uint8_t at[100][2];
+};
+
+inline constexpr DigitPairs digitPairs;
 
 // An optional '-' and decimal digits, none included.
 struct Decimal {
@@ -78,14 +69,13 @@ inline Decimal readDecimal(const uint8_t *at) {
 // What makes the digits behind it hexadecimal.
 inline bool isHexadecimalMark(const uint8_t *at) { return at[0] == '0' && at[1] == 'x'; }
 
+inline constexpr uint32_t powersOfTen[] = {0, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000, 1000000000};
+
+// The bits tell the number of digits or one more: log10(2) is about 1233 / 4096. No branch, as lengths vary.
 inline uint32_t countDecimalDigits(uint32_t magnitude) {
-    for (uint32_t count = 1;; count += 4) {
-        if (magnitude < 10) return count;
-        if (magnitude < 100) return count + 1;
-        if (magnitude < 1000) return count + 2;
-        if (magnitude < 10000) return count + 3;
-        magnitude = dividedBy10000(magnitude);
-    }
+    const uint32_t bits = 32 - static_cast<uint32_t>(__builtin_clz(magnitude | 1));
+    const uint32_t guess = bits * 1233 >> 12;
+    return guess + (magnitude >= powersOfTen[guess]);
 }
 
 inline uint32_t magnitudeOf(int32_t value) {

@@ -136,6 +136,8 @@ template <Steps steps = Steps::groups>
     return static_cast<size_t>(scan<steps>(string, Nul()) - string);
 }
 
+inline size_t measureUpTo(const uint8_t *string, size_t limit) { return scanUpTo<Steps::blocks>(string, limit, Nul()); }
+
 }  // namespace
 }  // namespace strlib
 
