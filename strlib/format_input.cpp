@@ -21,22 +21,36 @@ class Format {
 public:
     explicit Format(const uint8_t *format) : at_(format) {}
 
+    // A directive that turns out to be none is the literal at which it does.
     Item next() {
-        if (*at_ != directiveSign) return literal();
-        ++at_;
-        const uint32_t width = readWidth(at_);
-        switch (*at_) {
-            case 'c':
-            case 's':
-            case 'i':
-            case 'u':
-            case 'n': return {Ask::conversion, take(), 0, width};
-            case 'b':
-            case 'h':
-            case 'l': return sized(width);
-            case '[': return set(width);
-            default: return literal();
+        if (*at_ == directiveSign) {
+            ++at_;
+            const uint32_t width = readWidth(at_);
+            switch (*at_) {
+                case 'c':
+                case 's':
+                case 'i':
+                case 'u':
+                case 'n': return {Ask::conversion, take(), 0, width};
+                case 'b':
+                case 'h':
+                case 'l':
+                    sizeLetter_ = take();
+                    if (*at_ == 'i' || *at_ == 'u') return {Ask::conversion, take(), 0, width};
+                    break;
+                case '[':
+                    take();
+                    if (*at_ != '^') break;
+                    take();
+                    if (const uint8_t excluded = take(); *at_ == ']') {
+                        take();
+                        return {Ask::conversion, '[', excluded, width};
+                    }
+                    break;
+                default: break;
+            }
         }
+        return literal();
     }
 
     // The size letter in force: it outlives its directive, to the next size letter or the end of the call.
@@ -61,23 +75,6 @@ private:
         const uint8_t letter = take();
         const uint8_t meant = escaped(letter);
         return meant == letter ? plain(letter) : Item{Ask::lineEscape, meant, 0, 0};
-    }
-
-    Item sized(uint32_t width) {
-        sizeLetter_ = take();
-        if (*at_ == 'i' || *at_ == 'u') return {Ask::conversion, take(), 0, width};
-        return literal();
-    }
-
-    // "[^x]" converts. A byte that stands where the '^' or the ']' should is the literal that the directive becomes.
-    Item set(uint32_t width) {
-        take();
-        if (*at_ != '^') return literal();
-        take();
-        const uint8_t excluded = take();
-        if (*at_ != ']') return literal();
-        take();
-        return {Ask::conversion, '[', excluded, width};
     }
 
     const uint8_t *at_;

@@ -109,7 +109,11 @@ template <class Mode, class Limit>
     walk.next = loadAlignedWord<Word>(walk.ahead);
     walk.ahead += wordSize;
     if (left == 0 && zeros(static_cast<Word>(walk.next | ((Word{1} << shift) - 1))) == 0) {
-        while (!walk.stops()) {
+        for (;;) {
+            if (walk.stops()) {
+                stops = stopsIn<Mode>(walk.a, walk.b);
+                break;
+            }
             if (!limit.pass(wordSize)) {
                 left = limit.left(wordSize);
                 break;
@@ -118,7 +122,6 @@ template <class Mode, class Limit>
                 if (walk.at % 64 == 0) walk.passPairs(limit);
             }
         }
-        stops = stopsIn<Mode>(walk.a, walk.b);
     }
     if (stops == 0) {
         if (left != 0) return compareBytes<Mode>(pointerTo(walk.at), pointerTo(walk.other), left + reach - 1);
@@ -165,22 +168,6 @@ template <class Mode>
     return count;
 }
 
-// Two ranges, of which the second is so far from the first.
-struct Ranges {
-    // Takes the next words; whether they differ.
-    [[gnu::always_inline]] bool differ() {
-        b = block::loadWord<Word>(block::pointerTo(at + distance));
-        a = block::loadWord<Word>(block::pointerTo(at));
-        at = block::stepped(at + wordSize);
-        return a != b;
-    }
-
-    block::Address at;
-    size_t distance;
-    Word a = 0;
-    Word b = 0;
-};
-
 // Bytes that all exist. The last word overlaps what is compared already.
 inline int32_t compareRanges(const uint8_t *first, const uint8_t *second, size_t count) {
     using namespace block;
@@ -190,20 +177,25 @@ inline int32_t compareRanges(const uint8_t *first, const uint8_t *second, size_t
         }
         return 0;
     }
-    Ranges ranges = {addressOf(first), addressOf(second) - addressOf(first)};
+    const size_t distance = addressOf(second) - addressOf(first);
     const Address last = addressOf(first) + count - wordSize;
-    bool differ = false;
-    if (count > reach) {
-        const Address lastPair = last - wordSize;
-        while (!differ && ranges.at < lastPair) differ = ranges.differ() || ranges.differ();
+    Address at = addressOf(first);
+    Word a;
+    Word b;
+    for (;;) {
+        if (at >= last) {
+            a = loadWord<Word>(pointerTo(last));
+            b = loadWord<Word>(pointerTo(last + distance));
+            if (a == b) return 0;
+            break;
+        }
+        b = loadWord<Word>(pointerTo(at + distance));
+        a = loadWord<Word>(pointerTo(at));
+        at = stepped(at + wordSize);
+        if (a != b) break;
     }
-    if (!differ && ranges.at < last) differ = ranges.differ();
-    if (!differ) {
-        ranges.at = last;
-        if (!ranges.differ()) return 0;
-    }
-    const uint32_t bits = lowestBit(ranges.a ^ ranges.b) & ~7u;
-    return static_cast<uint8_t>(ranges.a >> bits) - static_cast<uint8_t>(ranges.b >> bits);
+    const uint32_t bits = lowestBit(a ^ b) & ~7u;
+    return static_cast<uint8_t>(a >> bits) - static_cast<uint8_t>(b >> bits);
 }
 
 }  // namespace
