@@ -168,6 +168,12 @@ template <class Mode>
     return count;
 }
 
+// The difference of the first bytes that differ, of words that do.
+[[gnu::always_inline]] inline int32_t rangeDifference(Word first, Word second) {
+    const uint32_t bits = block::lowestBit(first ^ second) & ~7u;
+    return static_cast<uint8_t>(first >> bits) - static_cast<uint8_t>(second >> bits);
+}
+
 // Bytes that all exist. The last word overlaps what is compared already.
 inline int32_t compareRanges(const uint8_t *first, const uint8_t *second, size_t count) {
     using namespace block;
@@ -177,25 +183,32 @@ inline int32_t compareRanges(const uint8_t *first, const uint8_t *second, size_t
         }
         return 0;
     }
-    const size_t distance = addressOf(second) - addressOf(first);
-    const Address last = addressOf(first) + count - wordSize;
-    Address at = addressOf(first);
-    Word a;
-    Word b;
-    for (;;) {
-        if (at >= last) {
-            a = loadWord<Word>(pointerTo(last));
-            b = loadWord<Word>(pointerTo(last + distance));
-            if (a == b) return 0;
-            break;
-        }
-        b = loadWord<Word>(pointerTo(at + distance));
-        a = loadWord<Word>(pointerTo(at));
-        at = stepped(at + wordSize);
-        if (a != b) break;
+    const size_t last = count - wordSize;
+    const Address start = addressOf(first);
+    const Address other = addressOf(second);
+    Address at = start;
+    Address otherAt = other;
+    const auto take = [](Address &from) {
+        const Word word = loadWord<Word>(pointerTo(from));
+        from = stepped(from + wordSize);
+        return word;
+    };
+    for (size_t left = last; left >= 2 * wordSize; left -= 2 * wordSize) {
+        const Word a = take(at);
+        const Word b = take(otherAt);
+        if (a != b) return rangeDifference(a, b);
+        const Word c = take(at);
+        const Word d = take(otherAt);
+        if (c != d) return rangeDifference(c, d);
     }
-    const uint32_t bits = lowestBit(a ^ b) & ~7u;
-    return static_cast<uint8_t>(a >> bits) - static_cast<uint8_t>(b >> bits);
+    if (last % (2 * wordSize) >= wordSize) {
+        const Word a = loadWord<Word>(pointerTo(at));
+        const Word b = loadWord<Word>(pointerTo(otherAt));
+        if (a != b) return rangeDifference(a, b);
+    }
+    const Word a = loadWord<Word>(pointerTo(start + last));
+    const Word b = loadWord<Word>(pointerTo(other + last));
+    return a == b ? 0 : rangeDifference(a, b);
 }
 
 }  // namespace
