@@ -85,7 +85,7 @@ void convertNumber(Output &output, int32_t value, uint32_t width) {
 
 void convertString(Output &output, const char *string) {
     if (string == nullptr) return;
-    const size_t length = measure(bytesOf(string));
+    const size_t length = measure<Steps::blocks>(bytesOf(string));
     if (output.hasRoomFor(length)) output.putBytes(bytesOf(string), length);
 }
 

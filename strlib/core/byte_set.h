@@ -14,7 +14,6 @@ public:
     ByteSet() {
         // The widest stores of the machine; a byte that is absent is 0.
         using Store = long long __attribute__((vector_size(block::size > 16 ? block::size : 16), may_alias));
-#pragma GCC unroll 2
         for (size_t i = 0; i < sizeof entries_; i += sizeof(Store)) *reinterpret_cast<Store *>(entries_ + i) = Store{};
         entries_[0] = nul;
     }
