@@ -24,8 +24,7 @@ STRLIB_SHARED size_t lengthOf(const uint8_t *string) { return measure(string); }
 // Seldom needed: cold code is compiled for size.
 template <class Mode>
 [[gnu::noinline, gnu::cold]] const uint8_t *findInBoundedTime(const uint8_t *text, const uint8_t *needle) {
-    return TwoWay(needle, lengthOf(needle), Mode::folds)
-        .template find<Mode>(text, lengthOf(text));
+    return TwoWay(needle, lengthOf(needle), Mode::folds).template find<Mode>(text, lengthOf(text));
 }
 
 // The first place of a needle that is not empty; null if there is none.

@@ -48,7 +48,7 @@ public:
     // Puts plain bytes and gives the first that is none or has no room. Blocks are worth it from four bytes on.
     const uint8_t *putPlain(const uint8_t *format) {
         for (; isPlain(format[0]) && room_ != 0; ++format) {
-            if (isPlain(format[1]) && isPlain(format[2]) && isPlain(format[3])) {
+            if (block::size > 1 && isPlain(format[1]) && isPlain(format[2]) && isPlain(format[3])) {
                 const size_t count = scanUpTo<Steps::blocks>(format, room_, Signs());
                 putBytes(format, count);
                 return format + count;
@@ -59,7 +59,8 @@ public:
     }
 
     void putNumber(int32_t value, uint32_t bound) {
-        if (TQANSI_itoa(value, charsOf(at_), static_cast<int32_t>(bound), 10) != nullptr) advance(decimalLength(value));
+        if (TQANSI_itoa(value, charsOf(at_), static_cast<int32_t>(bound), 10) != nullptr)
+            advance(block::sizeCountsMore ? measure<Steps::blocks>(at_) : decimalLength(value));
     }
 
     int32_t finish() {

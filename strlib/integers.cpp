@@ -10,6 +10,12 @@ static uint8_t digit(uint32_t value) { return lowByte((value < 10 ? '0' : 'A' - 
 
 // Puts the last digit before `end` and goes on to the front.
 static void writeDecimalDigits(uint32_t magnitude, uint8_t *end) {
+    if constexpr (block::sizeCountsMore) {  // The table of pairs is as large as the rest.
+        for (; magnitude >= 10; magnitude = dividedByRadix(magnitude, 10))
+            *--end = digit(magnitude - 10 * dividedByRadix(magnitude, 10));
+        *--end = digit(magnitude);
+        return;
+    }
     const auto putPair = [&](uint32_t pair) {
         block::storeAs(end - 2, block::loadAs<uint16_t>(digitPairs.at[pair]));
         end -= 2;

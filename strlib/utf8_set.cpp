@@ -56,11 +56,7 @@ public:
             const uint32_t length = memberLength(*end_);
             broken_ = length == 0;
             if (broken_ || cutShort(end_, length)) return;
-            leads_.add(end_[0]);
-            if (length > 1)
-                seconds_.add(end_[1]);
-            else
-                seconds_.giveUp();
+            if (block::size > 1) notePlaces(end_, length);
             end_ += length;
         }
     }
@@ -85,6 +81,14 @@ public:
     }
 
 private:
+    void notePlaces(const uint8_t *member, uint32_t length) {
+        leads_.add(member[0]);
+        if (length > 1)
+            seconds_.add(member[1]);
+        else
+            seconds_.giveUp();
+    }
+
     static bool cutShort(const uint8_t *member, uint32_t length) {
         for (uint32_t i = 1; i < length; ++i) {
             if (member[i] == 0) return true;
@@ -155,6 +159,6 @@ char *TQANSI_strpbrkUTF8(const char *string, const char *set) {
     const uint8_t *const at = bytesOf(string);
     // The first position without a match meets the broken place, and that ends the search.
     if (members.broken()) return members.matchAt(at) ? resultAt(at) : nullptr;
-    if (members.leads().areFew()) return resultAt(findMember(at, members, Pairs(members)));
+    if (block::size > 1 && members.leads().areFew()) return resultAt(findMember(at, members, Pairs(members)));
     return resultAt(findMember(at, members, members.allLeads()));
 }

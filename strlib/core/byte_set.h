@@ -82,6 +82,7 @@ private:
 // What `use` makes of the set, in the form that serves it best. An empty set has the NUL as its only member.
 template <class Use>
 [[gnu::always_inline]] inline auto withSet(const uint8_t *members, Use use) {
+    if constexpr (block::size == 1) return use(ByteSet(members));
     using block::fewMembers;
     size_t count = 0;
     while (count <= fewMembers && members[count] != 0) ++count;

@@ -177,7 +177,7 @@ template <class Mode>
 // Bytes that all exist. The last word overlaps what is compared already.
 inline int32_t compareRanges(const uint8_t *first, const uint8_t *second, size_t count) {
     using namespace block;
-    if (wordSize == 1 || count < wordSize) {
+    if (wordSize == 1 || !anyAddressIsFast || count < wordSize) {
         for (size_t i = 0; i < count; ++i) {
             if (first[i] != second[i]) return first[i] - second[i];
         }

@@ -1,9 +1,9 @@
 #ifndef STRLIB_CORE_COPY_H
 #define STRLIB_CORE_COPY_H
 
-// Copying by blocks, with the result of copying byte by byte from the front. Where the texts overlap, this holds as long
-// as they are two blocks apart, which is what is loaded at once: it is loaded before anything that it overwrites is
-// needed, and after everything before it is written. Closer texts are copied byte by byte. Tails go by a block that
+// Copying by blocks, with the result of copying byte by byte from the front. Where the texts overlap, this holds as
+// long as they are two blocks apart, which is what is loaded at once: it is loaded before anything that it overwrites
+// is needed, and after everything before it is written. Closer texts are copied byte by byte. Tails go by a block that
 // overlaps what is copied already.
 
 #include "core/scan.h"
@@ -20,8 +20,22 @@ template <class Value>
     block::storeAs(destination + count - sizeof(Value), tail);
 }
 
+// Whether blocks are worth it: more than a byte, and loaded from any address.
+inline constexpr bool copiesByBlocks = block::size > 1 && (block::anyAddressIsFast || !block::isWord);
+
+// Copies without a word at an odd address: vectors need no alignment, words would.
+inline void copyPlainly(uint8_t *to, const uint8_t *from, size_t count) {
+    if constexpr (copiesByBlocks) {
+        for (; count >= block::size; count -= block::size, from += block::size, to += block::size) {
+            block::store(to, block::load(from));
+        }
+    }
+    for (; count != 0; --count) *to++ = *from++;
+}
+
 // Copies at most two blocks.
 inline void copyShort(uint8_t *destination, const uint8_t *source, size_t count) {
+    if constexpr (!block::anyAddressIsFast) return copyPlainly(destination, source, count);
     if constexpr (block::size > 16) {
         if (count >= block::size) return copyEnds<block::Block>(destination, source, count);
     }
@@ -37,6 +51,7 @@ inline void copyShort(uint8_t *destination, const uint8_t *source, size_t count)
 
 // Copies bytes whose number is known.
 inline void copyBytes(uint8_t *destination, const uint8_t *source, size_t count) {
+    if constexpr (!copiesByBlocks || !block::anyAddressIsFast) return copyPlainly(destination, source, count);
     if (count <= 2 * block::size) return copyShort(destination, source, count);
     const size_t last = count - block::size;
     const block::Block tail = block::load(source + last);
@@ -113,6 +128,7 @@ template <class Ends, class Limit>
 template <class Ends, class Limit>
 [[gnu::always_inline]] inline uint8_t *copyUntil(uint8_t *destination, const uint8_t *source, Ends ends, Limit limit) {
     using namespace block;
+    if constexpr (!copiesByBlocks) return copyByBytes(destination, source, ends, limit);
     const size_t distance = addressOf(destination) - addressOf(source);
     if (distance + 2 * size - 1 < 4 * size - 1) return copyByBytes(destination, source, ends, limit);
 

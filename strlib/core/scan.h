@@ -62,6 +62,12 @@ inline constexpr size_t firstStep = startsByGroups<steps> ? block::groupSize : b
 template <Steps steps, class Ends, class Limit>
 [[gnu::always_inline]] inline block::Address findEnd(block::Address start, Ends ends, Limit limit) {
     using namespace block;
+    if constexpr (size == 1) {
+        for (Address address = start;; ++address) {
+            if (any(ends(loadAligned(address)))) return address;
+            if (!limit.pass(1)) return 0;
+        }
+    }
     const size_t offset = start % firstStep<steps>;
     Address address = start - offset;
     if constexpr (startsByGroups<steps>) {

@@ -12,7 +12,11 @@ using Word = uint32_t;
 
 // Two words in a row, at an address of a multiple of 8, and the address behind them. Left alone, compilers take them by
 // two instructions, and a third for the address.
+#if defined(__OPTIMIZE_SIZE__)
+inline constexpr size_t wordsAtOnce = 1;
+#else
 inline constexpr size_t wordsAtOnce = 2;
+#endif
 [[gnu::always_inline]] inline void takeWords(Address &address, Word &low, Word &high) {
     const auto &bytes = *reinterpret_cast<const uint8_t(*)[8]>(address);
 #if defined(__thumb2__)

@@ -61,6 +61,13 @@ struct __attribute__((packed, may_alias)) Anywhere {
     Value value;
 };
 
+// Whether it is. Where it is not, compilers put words together from bytes, and byte loops are as good.
+#if defined(__arm__) && !defined(__ARM_FEATURE_UNALIGNED)
+inline constexpr bool anyAddressIsFast = false;
+#else
+inline constexpr bool anyAddressIsFast = true;
+#endif
+
 template <class Value>
 inline Value loadAs(const uint8_t *at) {
     return reinterpret_cast<const Anywhere<Value> *>(at)->value;
@@ -135,6 +142,13 @@ inline Word loadAlignedWord(Address address) {
 
 namespace strlib::block {
 namespace {
+
+// Whether size counts more than speed.
+#if defined(__OPTIMIZE_SIZE__)
+inline constexpr bool sizeCountsMore = true;
+#else
+inline constexpr bool sizeCountsMore = size == 1;
+#endif
 
 inline size_t offsetIn(Address address) { return address % size; }
 
