@@ -58,14 +58,15 @@ inline constexpr bool goesByGroups = steps != Steps::blocks &&block::groupBlocks
 template <Steps steps>
 inline constexpr size_t firstStep = startsByGroups<steps> ? block::groupSize : block::size;
 
-// The place of the first byte from `start` on at which a scan ends; 0 where the limit comes first.
+// The place of the first byte from `start` on at which a scan ends; one before `start` where the limit
+// comes first.
 template <Steps steps, class Ends, class Limit>
 [[gnu::always_inline]] inline block::Address findEnd(block::Address start, Ends ends, Limit limit) {
     using namespace block;
     if constexpr (size == 1) {
         for (Address address = start;; ++address) {
             if (any(ends(loadAligned(address)))) return address;
-            if (!limit.pass(1)) return 0;
+            if (!limit.pass(1)) return start - 1;
         }
     }
     const size_t offset = start % firstStep<steps>;
@@ -76,16 +77,16 @@ template <Steps steps, class Ends, class Limit>
         takePair(address, a, b);
         const GroupMask found = packPair(ends(a), ends(b)) >> offset;
         if (found != 0) return start + lowestBit(found);
-        if (!limit.pass(groupSize - offset)) return 0;
+        if (!limit.pass(groupSize - offset)) return start - 1;
     } else {
         Mask found = dropFirst(pack(ends(loadAligned(address))), offset);
         if (found != 0) return start + first(found);
-        if (!limit.pass(size - offset)) return 0;
+        if (!limit.pass(size - offset)) return start - 1;
         address += size;
         if (goesByGroups<steps> && address % groupSize != 0) {
             found = pack(ends(loadAligned(address)));
             if (found != 0) return address + first(found);
-            if (!limit.pass(size)) return 0;
+            if (!limit.pass(size)) return start - 1;
             address += size;
         }
     }
@@ -97,7 +98,7 @@ template <Steps steps, class Ends, class Limit>
             const Flags low = ends(a);
             const Flags high = ends(b);
             if (anyOfPair(low, high)) return firstOfPair(address - groupSize, low, high);
-            if (!limit.pass(groupSize)) return 0;
+            if (!limit.pass(groupSize)) return start - 1;
         }
     } else {
         Flags flags;
@@ -107,7 +108,7 @@ template <Steps steps, class Ends, class Limit>
             flags = ends(loadAligned(address));
             ended = any(flags);
             if (ended) continue;
-            if (!limit.pass(size)) return 0;
+            if (!limit.pass(size)) return start - 1;
             address += size;
         } while (!ended);
         return address + first(pack(flags));
@@ -127,7 +128,7 @@ template <Steps steps = Steps::groups, class Ends>
     if (limit == 0) return nullptr;
     const block::Address start = block::beginReading(at);
     const block::Address found = findEnd<steps>(start, ends, Within{limit - 1});
-    return found == 0 || found - start >= limit ? nullptr : block::pointerTo(found);
+    return found - start >= limit ? nullptr : block::pointerTo(found);
 }
 
 // How many bytes from `at` on, up to `limit`, come before one at which the scan ends.
