@@ -1,7 +1,8 @@
 #ifndef STRLIB_CORE_BYTE_SET_H
 #define STRLIB_CORE_BYTE_SET_H
 
-// Sets of bytes, given as strings. A few members are compared with whole blocks; more are looked up byte by byte.
+// Sets of bytes, given as strings. A few members are compared with whole blocks; more are looked up, by blocks where
+// the machine can and else byte by byte.
 
 #include "core/scan.h"
 
@@ -79,6 +80,72 @@ private:
     block::Block members_[most];
 };
 
+#if defined(STRLIB_BLOCK_LOOKS_UP)
+// The same of any number of members. Tables tell by a byte's low half, one for bytes below 0x80 and one for the others,
+// which high halves make a member: a bit for each.
+class LookedUp {
+public:
+    explicit LookedUp(const uint8_t *members) {
+        uint8_t entries[2][16] = {};
+        for (; *members != 0; ++members)
+            entries[*members >> 7][*members & 0xF] |= static_cast<uint8_t>(1 << (*members >> 4 & 7));
+        below_ = block::tableOf(entries[0]);
+        above_ = block::tableOf(entries[1]);
+    }
+
+    block::Flags operator()(block::Block bytes) const {
+        static constexpr uint8_t bits[16] = {1, 2, 4, 8, 16, 32, 64, 128, 1, 2, 4, 8, 16, 32, 64, 128};
+        const block::Block high = block::lookUp(block::tableOf(bits), bytes >> 4);
+        const block::Block low = block::lookUp(below_, bytes) | block::lookUp(above_, bytes ^ 0x80);
+        return block::equals(low & high, high);
+    }
+
+private:
+    block::Block below_;
+    block::Block above_;
+};
+
+// Tables take longer to prepare than a block takes to be compared with each member: they serve from the second block
+// on.
+class ManyBytes {
+public:
+    explicit ManyBytes(const uint8_t *members) : members_(members) {}
+
+    [[gnu::always_inline]] const uint8_t *find(const uint8_t *at) const {
+        return search(at, [](block::Block bytes, block::Flags members) { return block::zeros(bytes) | members; });
+    }
+    [[gnu::always_inline]] const uint8_t *skip(const uint8_t *at) const {
+        return search(at, [](block::Block, block::Flags members) { return block::inverse(members); });
+    }
+
+private:
+    template <class Ends>
+    [[gnu::always_inline]] const uint8_t *search(const uint8_t *at, Ends ends) const {
+        const block::Address start = block::beginReading(at);
+        if (!block::leavesPage(start)) {
+            const block::Block bytes = block::loadFrom(start);
+            block::Flags members = {};
+            for (const uint8_t *member = members_; *member != 0; ++member)
+                members = block::orEquals(members, bytes, block::splat(*member));
+            const block::Mask found = block::pack(ends(bytes, members));
+            if (found != 0) return at + block::first(found);
+            at += block::size;
+        }
+        return searchOn(at, members_, ends);
+    }
+
+    template <class Ends>
+    [[gnu::noinline]] static const uint8_t *searchOn(const uint8_t *at, const uint8_t *members, Ends ends) {
+        const LookedUp lookedUp(members);
+        return scan(at, [&](block::Block bytes) { return ends(bytes, lookedUp(bytes)); });
+    }
+
+    const uint8_t *members_;
+};
+#else
+using ManyBytes = ByteSet;
+#endif
+
 // What `use` makes of the set, in the form that serves it best. An empty set has the NUL as its only member.
 template <class Use>
 [[gnu::always_inline]] inline auto withSet(const uint8_t *members, Use use) {
@@ -86,7 +153,7 @@ template <class Use>
     using block::fewMembers;
     size_t count = 0;
     while (count <= fewMembers && members[count] != 0) ++count;
-    return count <= fewMembers ? use(FewBytes<fewMembers>(members, count)) : use(ByteSet(members));
+    return count <= fewMembers ? use(FewBytes<fewMembers>(members, count)) : use(ManyBytes(members));
 }
 
 }  // namespace

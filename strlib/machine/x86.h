@@ -62,6 +62,18 @@ inline constexpr size_t pageSize = 4096;
 inline bool leavesPage(Address address) { return address % pageSize > pageSize - size; }
 inline Block loadFrom(Address address) { return load(pointerTo(address)); }
 
+#if defined(__AVX2__)
+// Tables of sixteen bytes: each byte of a block gets the entry that its low four bits tell, or 0 if its top bit is set.
+#define STRLIB_BLOCK_LOOKS_UP
+inline Block tableOf(const uint8_t *entries) {
+    return reinterpret_cast<Block>(_mm256_broadcastsi128_si256(loadAs<__m128i>(entries)));
+}
+inline Block lookUp(Block table, Block places) {
+    return reinterpret_cast<Block>(
+        _mm256_shuffle_epi8(reinterpret_cast<__m256i>(table), reinterpret_cast<__m256i>(places)));
+}
+#endif
+
 }  // namespace
 }  // namespace strlib::block
 

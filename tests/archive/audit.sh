@@ -21,16 +21,21 @@ declared=$(grep -oE '\b(TQ_|TQANSI_|X_TAMBRO_|utf8|unicodeTo|customS|string_oper
     grep -vE '^TQANSI_[a-z]*\(\)$' | tr -d '(' | sort -u)
 same "number of routines" 38 "$(wc -l <<<"$declared")"
 
+# Where routines exist in several forms, the name of each but the public one ends in a dot and the form.
+form='\.(avx2|baseline)$'
 symbols=$("$nm" -A "$archive" | sed -E 's/^[^:]*:([^:]*)\.cpp\.o(bj)?:/\1 /')
-defined=$(awk '$3 ~ /^[A-TV-Z]$/ {print $4}' <<<"$symbols" | sort)
-imported=$(awk '$2 == "U" {print $3}' <<<"$symbols" | sort -u)
+defined=$(awk '$3 ~ /^[A-TV-Zi]$/ {print $4}' <<<"$symbols" | grep -vE "$form" | sort)
+imported=$(awk '$2 == "U" {print $3}' <<<"$symbols" | grep -vE "$form" | sort -u)
 same "exports are exactly the routines declared" "$declared" "$defined"
 same "imports are exactly memset" memset "$(comm -23 <(echo "$imported") <(echo "$defined"))"
 same "calls between routines" "$(tr ' ' '\n' <<<"$allowedCalls")" \
-    "$(awk '$2 == "U" && $3 != "memset" {print $1 ":" $3}' <<<"$symbols" | sort -u)"
+    "$(awk '$2 == "U" && $3 != "memset" {print $1 ":" $3}' <<<"$symbols" | grep -vE "$form" | sort -u)"
+same "every form is there once" "$(grep -oE "[^ ]+$form" <<<"$symbols" | sort -u)" \
+    "$(awk '$3 == "T" {print $4}' <<<"$symbols" | grep -E "$form" | sort)"
 
 elf=$("$readelf" -W -s "$archive")
-same "every routine is hidden" 38 "$(grep -c 'GLOBAL HIDDEN *[0-9]' <<<"$elf")"
+same "every routine is hidden" 38 "$(grep 'GLOBAL HIDDEN *[0-9]' <<<"$elf" | grep -cvE "$form")"
+same "nothing is visible" "" "$(grep 'GLOBAL DEFAULT *[0-9]' <<<"$elf" || true)"
 
 # Name and size of what would make the library keep state or run before main.
 sections=$("$readelf" -W -S "$archive" | sed -nE 's/^ *\[ *[0-9]+\] (\S+) +\S+ +\S+ +\S+ +(\S+) .*/\1 \2/p' |
