@@ -104,18 +104,18 @@ template <class Mode, class Limit>
     walk.other += done;
     const size_t shift = walk.other % wordSize * 8;
     walk.ahead = walk.other - walk.other % wordSize;
-    size_t left = limit.pass(done) ? 0 : limit.left(done);
+    bool ranOut = !limit.pass(done);
     Word stops = 0;
     walk.next = loadAlignedWord<Word>(walk.ahead);
     walk.ahead += wordSize;
-    if (left == 0 && zeros(static_cast<Word>(walk.next | ((Word{1} << shift) - 1))) == 0) {
+    if (!ranOut && zeros(static_cast<Word>(walk.next | ((Word{1} << shift) - 1))) == 0) {
         for (;;) {
             if (walk.stops()) {
                 stops = stopsIn<Mode>(walk.a, walk.b);
                 break;
             }
             if (!limit.pass(wordSize)) {
-                left = limit.left(wordSize);
+                ranOut = true;
                 break;
             }
             if constexpr (Limit::pairsPay && wordsAtOnce == 2) {
@@ -124,7 +124,7 @@ template <class Mode, class Limit>
         }
     }
     if (stops == 0) {
-        if (left != 0) return compareBytes<Mode>(pointerTo(walk.at), pointerTo(walk.other), left + reach - 1);
+        if (ranOut) return compareBytes<Mode>(pointerTo(walk.at), pointerTo(walk.other), limit.leftWith(reach));
         // The second string ends in the word loaded ahead.
         walk.a = loadAlignedWord<Word>(walk.at);
         walk.b = static_cast<Word>(walk.next >> shift);
@@ -201,9 +201,9 @@ inline int32_t compareRanges(const uint8_t *first, const uint8_t *second, size_t
         const Word d = take(otherAt);
         if (c != d) return rangeDifference(c, d);
     }
-    if (last % (2 * wordSize) >= wordSize) {
-        const Word a = loadWord<Word>(pointerTo(at));
-        const Word b = loadWord<Word>(pointerTo(otherAt));
+    for (size_t left = last % (2 * wordSize); left != 0; left = left > wordSize ? left - wordSize : 0) {
+        const Word a = take(at);
+        const Word b = take(otherAt);
         if (a != b) return rangeDifference(a, b);
     }
     const Word a = loadWord<Word>(pointerTo(start + last));

@@ -33,6 +33,7 @@ struct Endless {
     bool pass(size_t) const { return true; }
     void giveBack(size_t) const {}
     size_t left(size_t) const { return 0; }
+    size_t leftWith(size_t) const { return 0; }
     size_t clip(size_t count) const { return count; }
     size_t all() const { return SIZE_MAX; }
 };
@@ -45,6 +46,8 @@ struct Within {
     void giveBack(size_t bytes) { behindNext += bytes; }
     // How many were left when so many did not pass.
     size_t left(size_t bytes) const { return behindNext + bytes + 1; }
+    // How many are left behind those that did not pass, of which so many had been kept back.
+    size_t leftWith(size_t kept) const { return behindNext + kept; }
     size_t clip(size_t count) const { return count <= behindNext ? count : behindNext + 1; }
     size_t all() const { return behindNext + 1; }
 
