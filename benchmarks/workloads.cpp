@@ -393,8 +393,24 @@ void measureNeedles() {
 
     const Sizes sizes = alike(4096);
     measureLastByte("4096, near the end", makeTexts(sizes, [](std::string &text) { text[4080] = sought; }));
-    const std::string equal = letters(4096);
-    measureExact("4096, aligned alike", {{place(equal, 3), place(equal, 3)}});
+}
+
+// Equal texts, or a text and its destination, at the same place in a word.
+void measureAlike(size_t length) {
+    const std::string workload = std::to_string(length) + ", aligned alike";
+    const std::string text = letters(length);
+    char *const first = place(text, 3);
+    startPage(2048);
+    char *const second = place(text, 3);
+    measure("TQANSI_strcpy", workload, Contenders<TQANSI_strcpy, glibc_strcpy, newlib_strcpy, plain::copy>(), 1,
+            [=](auto call, size_t) { return call(second, first); });
+    measureExact(workload, {{first, second}});
+    measure("TQANSI_memcmp", workload,
+            Contenders<TQANSI_memcmp, glibc_memcmp, newlib_memcmp, plain::compareBytes>{Same::sign}, 1,
+            [=](auto call, size_t) { return call(first, second, length); });
+    measure("TQANSI_stricmp", workload,
+            Contenders<TQANSI_stricmp, glibc_strcasecmp, newlib_strcasecmp, plain::compareFolded>{Same::sign}, 1,
+            [=](auto call, size_t) { return call(first, second); });
 }
 
 // A search in one long text, beside a plain loop that only looks for the text's end.
@@ -476,6 +492,8 @@ void measureAll() {
     measureUtf8("Latin", latinCodePoint);
     measureUtf8("CJK", cjkCodePoint);
     measureNeedles();
+    measureAlike(256);
+    measureAlike(4096);
     measureWorstInputs();
 }
 
