@@ -1,17 +1,22 @@
 #ifndef BENCHMARKS_METER_COUNT_H
 #define BENCHMARKS_METER_COUNT_H
 
-// Names each run on standard output, one line a run: routine, workload, implementation, calls. The instruction counter
-// completes the line.
-
-#include <sys/syscall.h>
-#include <unistd.h>
+// Writes one line a run: routine, workload, implementation, calls, and what they took. Under Linux the emulator's
+// instruction counter completes the line; without an operating system the core's cycle counter does.
 
 #include <bit>
 #include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 
 #include "contenders.h"
+
+#if defined(__linux__)
+#include <sys/syscall.h>
+#include <unistd.h>
+#else
+#include "cycle_counter.h"
+#endif
 
 inline constexpr bool measuresTime = false;
 
@@ -32,18 +37,24 @@ template <class Function, class Body>
     asm volatile("" : "+r"(function));
     for (size_t index = 0; index < calls; ++index) body(function, index);  // Whatever is set up once, is now.
     std::fflush(stdout);
+#if defined(__linux__)
     syscall(SYS_getppid, 0);
     for (size_t index = 0; index < calls; ++index) body(function, index);
     syscall(SYS_getppid, 1);
+#else
+    const uint32_t before = cyclesPassed();
+    for (size_t index = 0; index < calls; ++index) body(function, index);
+    std::printf("%lu\n", static_cast<unsigned long>(cyclesPassed() - before));
+#endif
 }
 
 // All are called with our signature, which the machine cannot tell from the C libraries' own.
-template <auto ours, auto glibc, auto newlib, auto plain, class Body, class... Others>
-void measure(const char *routine, const std::string &workload, Contenders<ours, glibc, newlib, plain> contenders,
+template <auto ours, auto library, auto newlib, auto plain, class Body, class... Others>
+void measure(const char *routine, const std::string &workload, Contenders<ours, library, newlib, plain> contenders,
              size_t calls, const Body &body, const Others &...) {
     const auto expected = outcome::of(contenders.same, Direct<ours>(), calls, body);
     const auto countAs = [&](const char *name, auto function) {
-        std::printf("%s\t%s\t%s\t%zu\t", routine, workload.c_str(), name, calls);
+        std::printf("%s\t%s\t%s\t%u\t", routine, workload.c_str(), name, static_cast<unsigned>(calls));
         count(std::bit_cast<decltype(ours)>(function), calls, body);
     };
     const auto countPeer = [&]<auto peer>(const char *name, Direct<peer> call) {
@@ -57,13 +68,20 @@ void measure(const char *routine, const std::string &workload, Contenders<ours, 
     };
     countAs("empty", emptyLike(ours));
     countAs("ours", ours);
-    countPeer("glibc", Direct<glibc>());
+#if defined(__linux__)
+    countPeer("glibc", Direct<library>());
     countPeer("newlib", Direct<newlib>());
+#else
+    countPeer("newlib", Direct<library>());
+#endif
     countPeer("plain", Direct<plain>());
 }
 
-inline int runMeter(int, char **, void (*enterAll)()) {
-    enterAll();
+inline int runMeter(int, char **, void (*measureAll)()) {
+#if !defined(__linux__)
+    startCycleCounter();
+#endif
+    measureAll();
     return 0;
 }
 

@@ -1,5 +1,6 @@
 """Turns measurements into the pages on speed: report.py armv7 MODE GENERAL.tsv NEON.tsv CYCLES.md, or report.py x86-64
-MODE DEFAULT.json BASELINE.json. MODE is --write, --print=REGULAR_EXPRESSION, and on ARM --check or --update."""
+MODE DEFAULT.json BASELINE.json. MODE is --write, --print=REGULAR_EXPRESSION, and on ARM --check or --update. Prints what a
+board has counted: report.py board REGULAR_EXPRESSION BOARD.tsv."""
 
 import csv
 import json
@@ -185,6 +186,18 @@ Instructions a call, counted exactly by an emulator: fewer are better. `script/b
         yield f"\nMore than 10 % above the plain loop: {', '.join(slower) or 'nothing'}.\n"
         yield from table("instructions", {build: costs}, goals, ["glibc", "newlib", "plain"])
     yield "\n" + cycles.rstrip()
+    yield """
+## On your own board
+
+`script/bench-armv7 --board FLAGS...` builds the same program without an operating system, as
+`build/bench-armv7/board/board.elf`. The flags are those of `arm-none-eabi-g++` for your core, and what links a program
+for your board: its start-up code and linker script, or `--specs=rdimon.specs` for a console through the debugger. It
+needs some 4 MB of memory and unaligned access (or `-mno-unaligned-access`). What it writes is a line a run, with cycles of
+the core's own counter: PMCCNTR on Cortex-A and R, DWT CYCCNT on Cortex-M where it exists. Kept in a file, these lines
+become a table with `python3 benchmarks/report.py board REGULAR_EXPRESSION FILE`.
+
+Without flags the program is for a Cortex-A15 and runs in an emulator. That only shows that it works: cycles there mean
+nothing."""
 
 
 def x86_document(contexts, builds):
@@ -285,4 +298,8 @@ def report_x86(mode, *paths):
         print_rows(mode.removeprefix("--print="), "ns", builds)
 
 
-{"armv7": report_armv7, "x86-64": report_x86}[sys.argv[1]](*sys.argv[2:])
+def report_board(pattern, path):
+    print_rows(pattern, "cycles", {"board": read_counts(path)})
+
+
+{"armv7": report_armv7, "x86-64": report_x86, "board": report_board}[sys.argv[1]](*sys.argv[2:])

@@ -17,7 +17,7 @@ inline std::mt19937 generator(1);
 
 inline uint32_t below(uint32_t limit) { return static_cast<uint32_t>(generator()) % limit; }
 
-alignas(4096) inline std::array<char, 8 << 20> arena;
+alignas(4096) inline std::array<char, (measuresTime ? 8 : 3) << 20> arena;
 inline size_t used = 0;
 
 // What is placed next begins so far behind the start of a page. Texts and the rooms that they are copied to lie half a
