@@ -13,6 +13,7 @@ enum class Same { result, sign, truth, output, nothing };
 // The implementations of one routine; null where there is none. Those of the C libraries have their own signatures.
 template <auto ours, auto glibc = nullptr, auto newlib = nullptr, auto plain = nullptr>
 struct Contenders {
+    const char *routine;
     Same same = Same::result;
 };
 

@@ -50,17 +50,17 @@ template <class Function, class Body>
 
 // All are called with our signature, which the machine cannot tell from the C libraries' own.
 template <auto ours, auto library, auto newlib, auto plain, class Body, class... Others>
-void measure(const char *routine, const std::string &workload, Contenders<ours, library, newlib, plain> contenders,
-             size_t calls, const Body &body, const Others &...) {
-    const auto expected = outcome::of(contenders.same, Direct<ours>(), calls, body);
+void measure(const Contenders<ours, library, newlib, plain> &contest, const std::string &workload, size_t calls,
+             const Body &body, const Others &...) {
+    const auto expected = outcome::of(contest.same, Direct<ours>(), calls, body);
     const auto countAs = [&](const char *name, auto function) {
-        std::printf("%s\t%s\t%s\t%u\t", routine, workload.c_str(), name, static_cast<unsigned>(calls));
+        std::printf("%s\t%s\t%s\t%u\t", contest.routine, workload.c_str(), name, static_cast<unsigned>(calls));
         count(std::bit_cast<decltype(ours)>(function), calls, body);
     };
     const auto countPeer = [&]<auto peer>(const char *name, Direct<peer> call) {
         if constexpr (exists<peer>) {
-            if (outcome::of(contenders.same, call, calls, body) != expected) {
-                std::fprintf(stderr, "%s, %s: %s differs from our result\n", routine, workload.c_str(), name);
+            if (outcome::of(contest.same, call, calls, body) != expected) {
+                std::fprintf(stderr, "%s, %s: %s differs from our result\n", contest.routine, workload.c_str(), name);
                 std::exit(1);
             }
             countAs(name, peer);

@@ -53,12 +53,12 @@ void enter(const std::string &name, const Call &call, size_t calls, const Body &
 // Registers our routine and its peers, once they have been seen to give the same results. A plain loop is a peer where
 // there is no other, and of the worst inputs.
 template <auto ours, auto glibc, auto newlib, auto plain, class Body, class... Others>
-void measure(const char *routine, const std::string &workload, Contenders<ours, glibc, newlib, plain> contenders,
-             size_t calls, const Body &body, const Peer<Others> &...others) {
-    const std::string title = routine + ('/' + workload + '/');
-    const auto expected = outcome::of(contenders.same, Direct<ours>(), calls, body);
+void measure(const Contenders<ours, glibc, newlib, plain> &contest, const std::string &workload, size_t calls,
+             const Body &body, const Peer<Others> &...others) {
+    const std::string title = contest.routine + ('/' + workload + '/');
+    const auto expected = outcome::of(contest.same, Direct<ours>(), calls, body);
     const auto enterPeer = [&](const char *name, const auto &call) {
-        if (outcome::of(contenders.same, call, calls, body) != expected)
+        if (outcome::of(contest.same, call, calls, body) != expected)
             throw std::runtime_error(title + name + " differs from our result");
         enter(title + name, call, calls, body);
     };
@@ -66,7 +66,7 @@ void measure(const char *routine, const std::string &workload, Contenders<ours, 
     if constexpr (exists<glibc>) enterPeer("glibc", Direct<glibc>());
     (enterPeer(others.name, others.call), ...);
     if constexpr (exists<plain>)
-        if (!exists<glibc> || contenders.same == Same::nothing) enterPeer("plain", Direct<plain>());
+        if (!exists<glibc> || contest.same == Same::nothing) enterPeer("plain", Direct<plain>());
 }
 
 inline int runMeter(int argc, char **argv, void (*enterAll)()) try {

@@ -8,6 +8,8 @@ namespace {
 
 using SignedByte = signed char;
 
+int32_t exact(char byte) { return static_cast<SignedByte>(byte); }
+
 int32_t folded(char byte) {
     const int32_t value = static_cast<SignedByte>(byte);
     return value >= 'A' && value <= 'Z' ? value + 32 : value;
@@ -19,16 +21,28 @@ bool isIn(char byte, const char *set) {
     return false;
 }
 
-bool startsWith(const char *string, const char *start) {
-    for (; *start != 0; ++string, ++start)
-        if (*string != *start) return false;
-    return true;
+template <int32_t (*key)(char)>
+int32_t compareBy(const char *first, const char *second) {
+    while (*first != 0 && key(*first) == key(*second)) ++first, ++second;
+    return key(*first) - key(*second);
 }
 
-bool startsWithFolded(const char *string, const char *start) {
-    for (; *start != 0; ++string, ++start)
-        if (folded(*string) != folded(*start)) return false;
-    return true;
+template <int32_t (*key)(char)>
+int32_t compareUpToBy(const char *first, const char *second, int32_t count) {
+    for (; count > 0; --count, ++first, ++second)
+        if (*first == 0 || key(*first) != key(*second)) return key(*first) - key(*second);
+    return 0;
+}
+
+template <int32_t (*key)(char)>
+char *findStringBy(const char *string, const char *substring) {
+    for (;; ++string) {
+        const char *at = string;
+        const char *wanted = substring;
+        while (*wanted != 0 && key(*at) == key(*wanted)) ++at, ++wanted;
+        if (*wanted == 0) return const_cast<char *>(string);
+        if (*string == 0) return nullptr;
+    }
 }
 
 char *writable(const char *at) { return const_cast<char *>(at); }
@@ -85,26 +99,14 @@ void *fill(void *destination, int32_t byte, uint32_t count) {
     return destination;
 }
 
-int32_t compare(const char *first, const char *second) {
-    while (*first != 0 && *first == *second) ++first, ++second;
-    return static_cast<SignedByte>(*first) - static_cast<SignedByte>(*second);
-}
+int32_t compare(const char *first, const char *second) { return compareBy<exact>(first, second); }
+int32_t compareFolded(const char *first, const char *second) { return compareBy<folded>(first, second); }
 
 int32_t compareUpTo(const char *first, const char *second, int32_t count) {
-    for (; count > 0; --count, ++first, ++second)
-        if (*first == 0 || *first != *second) return static_cast<SignedByte>(*first) - static_cast<SignedByte>(*second);
-    return 0;
+    return compareUpToBy<exact>(first, second, count);
 }
-
-int32_t compareFolded(const char *first, const char *second) {
-    while (*first != 0 && folded(*first) == folded(*second)) ++first, ++second;
-    return folded(*first) - folded(*second);
-}
-
 int32_t compareFoldedUpTo(const char *first, const char *second, int32_t count) {
-    for (; count > 0; --count, ++first, ++second)
-        if (*first == 0 || folded(*first) != folded(*second)) return folded(*first) - folded(*second);
-    return 0;
+    return compareUpToBy<folded>(first, second, count);
 }
 
 int32_t collate(const char *first, const char *second, const uint8_t *collation) {
@@ -149,19 +151,8 @@ char *findAny(const char *string, const char *set) {
     return nullptr;
 }
 
-char *findString(const char *string, const char *substring) {
-    for (;; ++string) {
-        if (startsWith(string, substring)) return writable(string);
-        if (*string == 0) return nullptr;
-    }
-}
-
-char *findStringFolded(const char *string, const char *substring) {
-    for (;; ++string) {
-        if (startsWithFolded(string, substring)) return writable(string);
-        if (*string == 0) return nullptr;
-    }
-}
+char *findString(const char *string, const char *substring) { return findStringBy<exact>(string, substring); }
+char *findStringFolded(const char *string, const char *substring) { return findStringBy<folded>(string, substring); }
 
 int32_t toUpper(int32_t character) { return character >= 'a' && character <= 'z' ? character - 32 : character; }
 

@@ -5,9 +5,8 @@
 
 #include <numeric>
 
+#include "contests.h"
 #include "meter.h"
-#include "peers.h"
-#include "plain.h"
 #include "texts.h"
 
 namespace {
@@ -28,25 +27,23 @@ std::vector<Text> textsToSearch(const Sizes &sizes) {
 }
 
 void measureLastByte(const std::string &workload, const std::vector<Text> &texts) {
-    measure("TQANSI_strrchr", workload, Contenders<TQANSI_strrchr, glibc_strrchr, newlib_strrchr, plain::findLast>(),
-            texts.size(), [=](auto call, size_t i) { return call(texts[i].at, sought); });
+    measure(contest::TQANSI_strrchr, workload, texts.size(),
+            [=](auto call, size_t i) { return call(texts[i].at, sought); });
 }
 
 void measureLengthAndSearch(const Sizes &sizes) {
     const auto texts = textsToSearch(sizes);
     const size_t calls = texts.size();
-    measure("TQANSI_strlen", sizes.workload, Contenders<TQANSI_strlen, glibc_strlen, newlib_strlen, plain::length>(),
-            calls, [=](auto call, size_t i) { return call(texts[i].at); });
-    measure("TQANSI_strchr", sizes.workload, Contenders<TQANSI_strchr, glibc_strchr, newlib_strchr, plain::find>(),
-            calls, [=](auto call, size_t i) { return call(texts[i].at, sought); });
+    measure(contest::TQANSI_strlen, sizes.workload, calls, [=](auto call, size_t i) { return call(texts[i].at); });
+    measure(contest::TQANSI_strchr, sizes.workload, calls,
+            [=](auto call, size_t i) { return call(texts[i].at, sought); });
     measureLastByte(sizes.workload, texts);
-    measure("TQANSI_memchr", sizes.workload, Contenders<TQANSI_memchr, glibc_memchr, newlib_memchr, plain::findByte>(),
-            calls, [=](auto call, size_t i) { return call(texts[i].at, sought, texts[i].length); });
+    measure(contest::TQANSI_memchr, sizes.workload, calls,
+            [=](auto call, size_t i) { return call(texts[i].at, sought, texts[i].length); });
     std::vector<const char *> sets = {",;\t", ",;:!?/\t\n"};
     if (measuresTime) sets.insert(sets.end(), {",;:!?/\t\n#%&", ",;:!?/\t\n#%&0123456789+"});
     for (const char *const set : sets)
-        measure("TQANSI_strpbrk", sizes.workload + ", set of " + std::to_string(std::strlen(set)),
-                Contenders<TQANSI_strpbrk, glibc_strpbrk, newlib_strpbrk, plain::findAny>(), calls,
+        measure(contest::TQANSI_strpbrk, sizes.workload + ", set of " + std::to_string(std::strlen(set)), calls,
                 [=](auto call, size_t i) { return call(texts[i].at, set); });
 }
 
@@ -58,18 +55,14 @@ void measureCopies(const Sizes &sizes) {
         counts.push_back(static_cast<int32_t>(sizes.isMix ? below(33) : text.length * 3 / 4));
     const size_t calls = texts.size();
     const auto toRoom = [=](auto call, size_t i) { return call(rooms[i], texts[i].at); };
-    measure("TQANSI_strcpy", sizes.workload, Contenders<TQANSI_strcpy, glibc_strcpy, newlib_strcpy, plain::copy>(),
-            calls, toRoom);
-    measure("TQ_strappend", sizes.workload, Contenders<TQ_strappend, glibc_stpcpy, newlib_stpcpy, plain::copyToEnd>(),
-            calls, toRoom);
+    measure(contest::TQANSI_strcpy, sizes.workload, calls, toRoom);
+    measure(contest::TQ_strappend, sizes.workload, calls, toRoom);
     measure(
-        "TQANSI_strncpy", sizes.workload,
-        Contenders<TQANSI_strncpy, boundedCopy<glibc_strnlen, glibc_memcpy>, boundedCopy<newlib_strnlen, newlib_memcpy>,
-                   plain::copyUpTo>(),
-        calls, [=](auto call, size_t i) { return call(rooms[i], texts[i].at, counts[i]); }, host::memccpyThenEnd,
+        contest::TQANSI_strncpy, sizes.workload, calls,
+        [=](auto call, size_t i) { return call(rooms[i], texts[i].at, counts[i]); }, host::memccpyThenEnd,
         host::strncpyThenEnd);
-    measure("TQANSI_memset", sizes.workload, Contenders<TQANSI_memset, glibc_memset, newlib_memset, plain::fill>(),
-            calls, [=](auto call, size_t i) { return call(rooms[i], 'x', texts[i].length); });
+    measure(contest::TQANSI_memset, sizes.workload, calls,
+            [=](auto call, size_t i) { return call(rooms[i], 'x', texts[i].length); });
 
     std::vector<char *> ends;
     for (char *const at : rooms) {
@@ -84,16 +77,14 @@ void measureCopies(const Sizes &sizes) {
         *ends[i] = 0;
         return result;
     };
-    measure("TQANSI_strcat", sizes.workload, Contenders<TQANSI_strcat, glibc_strcat, newlib_strcat, plain::append>(),
-            calls, [=](auto call, size_t i) { return appending([&] { return call(rooms[i], texts[i].at); }, i); });
-    measure("TQANSI_strncat", sizes.workload,
-            Contenders<TQANSI_strncat, glibc_strncat, newlib_strncat, plain::appendUpTo>(), calls,
+    measure(contest::TQANSI_strcat, sizes.workload, calls,
+            [=](auto call, size_t i) { return appending([&] { return call(rooms[i], texts[i].at); }, i); });
+    measure(contest::TQANSI_strncat, sizes.workload, calls,
             [=](auto call, size_t i) { return appending([&] { return call(rooms[i], texts[i].at, counts[i]); }, i); });
 }
 
 void measureExact(const std::string &workload, const std::vector<std::array<char *, 2>> &pairs) {
-    measure("TQANSI_strcmp", workload,
-            Contenders<TQANSI_strcmp, glibc_strcmp, newlib_strcmp, plain::compare>{Same::sign}, pairs.size(),
+    measure(contest::TQANSI_strcmp, workload, pairs.size(),
             [=](auto call, size_t i) { return call(pairs[i][0], pairs[i][1]); });
 }
 
@@ -118,20 +109,16 @@ void measureComparisons(const Sizes &sizes) {
 
     const size_t calls = firsts.size();
     measureExact(sizes.workload, pairs);
-    measure("TQANSI_strncmp", sizes.workload,
-            Contenders<TQANSI_strncmp, glibc_strncmp, newlib_strncmp, plain::compareUpTo>{Same::sign}, calls,
+    measure(contest::TQANSI_strncmp, sizes.workload, calls,
             [=](auto call, size_t i) { return call(firsts[i].at, seconds[i], beyondAll); });
-    measure("TQANSI_memcmp", sizes.workload,
-            Contenders<TQANSI_memcmp, glibc_memcmp, newlib_memcmp, plain::compareBytes>{Same::sign}, calls,
+    measure(contest::TQANSI_memcmp, sizes.workload, calls,
             [=](auto call, size_t i) { return call(firsts[i].at, seconds[i], firsts[i].length); });
-    measure("TQANSI_stricmp", sizes.workload,
-            Contenders<TQANSI_stricmp, glibc_strcasecmp, newlib_strcasecmp, plain::compareFolded>{Same::sign}, calls,
+    measure(contest::TQANSI_stricmp, sizes.workload, calls,
             [=](auto call, size_t i) { return call(firsts[i].at, capitals[i]); });
-    measure("TQANSI_strnicmp", sizes.workload,
-            Contenders<TQANSI_strnicmp, glibc_strncasecmp, newlib_strncasecmp, plain::compareFoldedUpTo>{Same::sign},
-            calls, [=](auto call, size_t i) { return call(firsts[i].at, capitals[i], beyondAll); });
+    measure(contest::TQANSI_strnicmp, sizes.workload, calls,
+            [=](auto call, size_t i) { return call(firsts[i].at, capitals[i], beyondAll); });
     measure(
-        "customStricmp", sizes.workload, Contenders<customStricmp, nullptr, nullptr, plain::collate>{Same::sign}, calls,
+        contest::customStricmp, sizes.workload, calls,
         [=](auto call, size_t i) { return call(firsts[i].at, capitals[i], collation); }, host::strcasecmpAsCollation);
 }
 
@@ -142,11 +129,8 @@ struct Search {
 
 void measureSubstring(const std::string &workload, const std::vector<Search> &searches) {
     const auto search = [=](auto call, size_t i) { return call(searches[i].string, searches[i].substring); };
-    measure("TQANSI_strstr", workload, Contenders<TQANSI_strstr, glibc_strstr, newlib_strstr, plain::findString>(),
-            searches.size(), search);
-    measure("TQ_stristr", workload,
-            Contenders<TQ_stristr, glibc_strcasestr, newlib_strcasestr, plain::findStringFolded>(), searches.size(),
-            search);
+    measure(contest::TQANSI_strstr, workload, searches.size(), search);
+    measure(contest::TQ_stristr, workload, searches.size(), search);
 }
 
 void measureSubstrings() {
@@ -175,27 +159,21 @@ void measureClasses() {
     uint8_t *const table = variables<uint8_t>(256);
     std::iota(table, table + 256, uint8_t{0});
     const auto ofByte = [=](auto call, size_t i) { return call(static_cast<int32_t>(i)); };
-    measure("TQANSI_toupper", "all bytes", Contenders<TQANSI_toupper, glibc_toupper, newlib_toupper, plain::toUpper>(),
-            256, ofByte, host::toupperInLine);
-    measure("TQANSI_isalpha", "all bytes",
-            Contenders<TQANSI_isalpha, glibc_isalpha, newlib_isalpha, plain::isLetter>{Same::truth}, 256, ofByte,
-            host::isalphaInLine);
-    measure("TQANSI_isdigit", "all bytes",
-            Contenders<TQANSI_isdigit, glibc_isdigit, newlib_isdigit, plain::isDigit>{Same::truth}, 256, ofByte,
-            host::isdigitInLine);
-    measure("TQ_isAttribute", "all bytes", Contenders<TQ_isAttribute, nullptr, nullptr, plain::hasAttribute>(), 256,
+    measure(contest::TQANSI_toupper, "all bytes", 256, ofByte, host::toupperInLine);
+    measure(contest::TQANSI_isalpha, "all bytes", 256, ofByte, host::isalphaInLine);
+    measure(contest::TQANSI_isdigit, "all bytes", 256, ofByte, host::isdigitInLine);
+    measure(contest::TQ_isAttribute, "all bytes", 256,
             [=](auto call, size_t i) { return call(0x11, table, static_cast<int32_t>(i)); });
     for (const Sizes &sizes : allSizes()) {
         const auto blanks = makeTexts(sizes, [&](std::string &text) {
             for (char &byte : text) byte = below(4) == 0 ? '\t' : ' ';
             if (sizes.isMix && below(2) == 0) putSomewhere(text, 'x');
         });
-        measure("TQ_isBlankLine", sizes.workload,
-                Contenders<TQ_isBlankLine, blankBySpan<glibc_strspn>, blankBySpan<newlib_strspn>, plain::isBlank>(),
-                blanks.size(), [=](auto call, size_t i) { return call(blanks[i].at); });
+        measure(contest::TQ_isBlankLine, sizes.workload, blanks.size(),
+                [=](auto call, size_t i) { return call(blanks[i].at); });
         const auto texts = makeTexts(sizes);
-        measure("TQ_convertZstring", sizes.workload, Contenders<TQ_convertZstring, nullptr, nullptr, plain::convert>(),
-                texts.size(), [=](auto call, size_t i) { call(table, texts[i].at); });
+        measure(contest::TQ_convertZstring, sizes.workload, texts.size(),
+                [=](auto call, size_t i) { call(table, texts[i].at); });
     }
 }
 
@@ -215,15 +193,12 @@ void measureNumbers(uint32_t most, const std::string &workload, const std::strin
     }
     char *const buffer = onStack;
     measure(
-        "TQANSI_atoi", workload, Contenders<TQANSI_atoi, glibc_atoi, newlib_atoi, plain::readInteger>(), 256,
-        [=](auto call, size_t i) { return call(texts[i]); }, host::fromChars);
-    using Writers = Contenders<TQANSI_itoa, writeInteger<glibc_snprintf>, writeInteger<newlib_snprintf>>;
+        contest::TQANSI_atoi, workload, 256, [=](auto call, size_t i) { return call(texts[i]); }, host::fromChars);
     measure(
-        "TQANSI_itoa", "radix 10" + written, Writers(), 256,
+        contest::decimal, "radix 10" + written, 256,
         [=](auto call, size_t i) { return call(values[i], buffer, 64, 10); }, host::toChars);
-    // "%X" takes the sign for a digit.
     measure(
-        "TQANSI_itoa", "radix 16" + written, Writers{Same::nothing}, 256,
+        contest::hexadecimal, "radix 16" + written, 256,
         [=](auto call, size_t i) { return call(values[i], buffer, 64, 16); }, host::hexadecimal);
 }
 
@@ -237,10 +212,8 @@ void measureFormats() {
         const char *const placed = place(format, 4);
         while (measuresTime && arguments.size() < 256) arguments.push_back(random());
         measure(
-            "TQ_sprintf", workload,
-            Contenders<TQ_sprintf, printThree<glibc_snprintf>, printThree<newlib_snprintf>>{Same::output},
-            arguments.size(), [=](auto call, size_t i) { return call(buffer, 256, placed, arguments[i].data()); },
-            peer);
+            contest::TQ_sprintf, workload, arguments.size(),
+            [=](auto call, size_t i) { return call(buffer, 256, placed, arguments[i].data()); }, peer);
     };
     const auto integer = [] { return static_cast<intptr_t>(mixedInteger(9)); };
     const auto mixed = [&] { return Arguments{integer(), reinterpret_cast<intptr_t>(name), 'C'}; };
@@ -261,8 +234,8 @@ void measureFormats() {
     const auto scan = [](const char *format, const std::string &input, auto random, const Arguments &arguments) {
         std::vector<char *> inputs = {place(input, 0)};
         while (measuresTime && inputs.size() < 256) inputs.push_back(place(random(), below(32)));
-        measure("TQ_sscanf", format, Contenders<TQ_sscanf, scanThree<glibc_sscanf>, scanThree<newlib_sscanf>>(),
-                inputs.size(), [=](auto call, size_t i) { return call(inputs[i], format, arguments.data()); });
+        measure(contest::TQ_sscanf, format, inputs.size(),
+                [=](auto call, size_t i) { return call(inputs[i], format, arguments.data()); });
     };
     const auto digits = [] { return std::to_string(mixedInteger(9)); };
     const auto any = [] { return letters(1 + below(12)); };
@@ -279,10 +252,8 @@ void measureLines(const char *workload, uint32_t shortest, uint32_t most) {
     for (int line = 0; line < 64; ++line)
         lines.push_back(place(letters(shortest + below(most - shortest + 1)) + "\r\n" + letters(80), below(32)));
     char *const destination = room(512, 4);
-    measure("X_TAMBRO_gets", workload,
-            Contenders<X_TAMBRO_gets, lineByMemchr<glibc_memchr, glibc_memcpy>,
-                       lineByMemchr<newlib_memchr, newlib_memcpy>, plain::readLine>(),
-            lines.size(), [=](auto call, size_t i) { return call(destination, 500, lines[i]); });
+    measure(contest::X_TAMBRO_gets, workload, lines.size(),
+            [=](auto call, size_t i) { return call(destination, 500, lines[i]); });
 }
 
 void measureTokens(const char *workload, uint32_t shortest, uint32_t most) {
@@ -292,14 +263,10 @@ void measureTokens(const char *workload, uint32_t shortest, uint32_t most) {
             place((below(2) == 0 ? ", " : ",") + letters(shortest + below(most - shortest + 1)) + ", next", below(32)));
     char **const end = variables<char *>();
     uint16_t *const length = variables<uint16_t>();
-    measure("TQ_strtoken", workload,
-            Contenders<TQ_strtoken, tokenBySpans<glibc_strspn, glibc_strcspn>,
-                       tokenBySpans<newlib_strspn, newlib_strcspn>, plain::findToken>(),
-            tokens.size(), [=](auto call, size_t i) { return call(tokens[i], ", ", end); });
-    measure("TQ_strtoklen", workload,
-            Contenders<TQ_strtoklen, tokenLengthBySpans<glibc_strspn, glibc_strcspn>,
-                       tokenLengthBySpans<newlib_strspn, newlib_strcspn>, plain::measureToken>(),
-            tokens.size(), [=](auto call, size_t i) { return call(tokens[i], ", ", length); });
+    measure(contest::TQ_strtoken, workload, tokens.size(),
+            [=](auto call, size_t i) { return call(tokens[i], ", ", end); });
+    measure(contest::TQ_strtoklen, workload, tokens.size(),
+            [=](auto call, size_t i) { return call(tokens[i], ", ", length); });
 }
 
 uint32_t mixedCodePoint() {
@@ -332,14 +299,14 @@ void measureUtf8(const char *workload, uint32_t (*next)()) {
     uint32_t *const codePoint = variables<uint32_t>();
     int32_t *const result = variables<int32_t>();
     measure(
-        "unicodeToUtf8", workload, Contenders<unicodeToUtf8, nullptr, nullptr, plain::encode>(), 256,
-        [=](auto call, size_t i) { return call(codePoints[i], buffer); }, host::encode);
+        contest::unicodeToUtf8, workload, 256, [=](auto call, size_t i) { return call(codePoints[i], buffer); },
+        host::encode);
     measure(
-        "utf8ToUnicode", workload, Contenders<utf8ToUnicode, nullptr, nullptr, plain::decode>(), 256,
-        [=](auto call, size_t i) { return call(texts[i], codePoint, result); }, host::decode);
+        contest::utf8ToUnicode, workload, 256, [=](auto call, size_t i) { return call(texts[i], codePoint, result); },
+        host::decode);
     measure(
-        "utf8ReadChar", workload, Contenders<utf8ReadChar, nullptr, nullptr, plain::readCharacter>(), 256,
-        [=](auto call, size_t i) { return call(texts[i], result, buffer); }, host::readCharacter);
+        contest::utf8ReadChar, workload, 256, [=](auto call, size_t i) { return call(texts[i], result, buffer); },
+        host::readCharacter);
 }
 
 void measureUtf8Set(const char *workload, size_t characters, bool isThere) {
@@ -347,8 +314,7 @@ void measureUtf8Set(const char *workload, size_t characters, bool isThere) {
     for (size_t character = 0; character < characters; ++character) text += encoded(0x430 + below(32));
     const char *const set = "\xE2\x82\xAC\xC2\xA7\xE2\x80\x93";
     const char *const string = place(isThere ? text + "\xC2\xA7" : text, 1);
-    measure("TQANSI_strpbrkUTF8", workload, Contenders<TQANSI_strpbrkUTF8, nullptr, nullptr, plain::findAnyCharacter>(),
-            1, [=](auto call, size_t) { return call(string, set); });
+    measure(contest::TQANSI_strpbrkUTF8, workload, 1, [=](auto call, size_t) { return call(string, set); });
 }
 
 void measureArithmetic() {
@@ -358,11 +324,10 @@ void measureArithmetic() {
         pairs.push_back({first, place(letters(4 + below(9)), below(32))});
     }
     char *const buffer = variables<char>(32);
-    measure("string_operator_diff", "4 to 12 bytes",
-            Contenders<string_operator_diff, nullptr, nullptr, plain::subtract>(), pairs.size(),
+    measure(contest::string_operator_diff, "4 to 12 bytes", pairs.size(),
             [=](auto call, size_t i) { return call(pairs[i][0], pairs[i][1]); });
-    measure("string_operator_add", "4 to 12 bytes", Contenders<string_operator_add, nullptr, nullptr, plain::add>(),
-            pairs.size(), [=](auto call, size_t i) { return call(buffer, pairs[i][0], 1); });
+    measure(contest::string_operator_add, "4 to 12 bytes", pairs.size(),
+            [=](auto call, size_t i) { return call(buffer, pairs[i][0], 1); });
 }
 
 // A needle at the end of a text that does not hold it before.
@@ -402,27 +367,24 @@ void measureAlike(size_t length) {
     char *const first = place(text, 3);
     startPage(2048);
     char *const second = place(text, 3);
-    measure("TQANSI_strcpy", workload, Contenders<TQANSI_strcpy, glibc_strcpy, newlib_strcpy, plain::copy>(), 1,
-            [=](auto call, size_t) { return call(second, first); });
+    measure(contest::TQANSI_strcpy, workload, 1, [=](auto call, size_t) { return call(second, first); });
     measureExact(workload, {{first, second}});
-    measure("TQANSI_memcmp", workload,
-            Contenders<TQANSI_memcmp, glibc_memcmp, newlib_memcmp, plain::compareBytes>{Same::sign}, 1,
-            [=](auto call, size_t) { return call(first, second, length); });
-    measure("TQANSI_stricmp", workload,
-            Contenders<TQANSI_stricmp, glibc_strcasecmp, newlib_strcasecmp, plain::compareFolded>{Same::sign}, 1,
-            [=](auto call, size_t) { return call(first, second); });
+    measure(contest::TQANSI_memcmp, workload, 1, [=](auto call, size_t) { return call(first, second, length); });
+    measure(contest::TQANSI_stricmp, workload, 1, [=](auto call, size_t) { return call(first, second); });
 }
 
-// A search in one long text, beside a plain loop that only looks for the text's end.
-template <bool folded>
-void measureWorst(const std::string &workload, const Search &search) {
-    const auto body = [=](auto call, size_t) { return call(search.string, search.substring); };
-    if constexpr (folded)
-        measure("TQ_stristr", workload,
-                Contenders<TQ_stristr, glibc_strcasestr, newlib_strcasestr, plain::passOver>{Same::nothing}, 1, body);
-    else
-        measure("TQANSI_strstr", workload,
-                Contenders<TQANSI_strstr, glibc_strstr, newlib_strstr, plain::passOver>{Same::nothing}, 1, body);
+void measureWorst(const auto &contest, const std::string &workload, const std::string &text,
+                  const std::string &needle) {
+    const Search search = {place(text, 1), place(needle, 2)};
+    measure(contest, "worst: " + workload, 1, [=](auto call, size_t) { return call(search.string, search.substring); });
+}
+
+void measureWorstLine(const std::string &workload, const std::string &source) {
+    char *const destination = room(source.size() + 1, 4);
+    const char *const text = place(source, 1);
+    const int32_t size = static_cast<int32_t>(source.size());
+    measure(contest::worstLine, "worst: " + workload, 1,
+            [=](auto call, size_t) { return call(destination, size, text); });
 }
 
 std::string withRandomCase(std::string text) {
@@ -438,37 +400,29 @@ std::string skewed(size_t length, uint32_t different) {
     return text;
 }
 
+// Long texts that are slow to search, beside a plain loop that only looks for their end.
 void measureWorstInputs() {
     constexpr size_t length = 16384;
-    const auto place2 = [](const std::string &text, const std::string &needle) {
-        return Search{place(text, 1), place(needle, 2)};
-    };
     const std::string run(length, 'a');
-    measureWorst<false>("worst: a^n, aaaab", place2(run, "aaaab"));
-    measureWorst<true>("worst: a^n, aaaab", place2(run, "aaaab"));
-    for (const char *const needle : {"aaaaaacaabbaccaaaabaaaabq", "aaaaabaaabq"}) {
-        measureWorst<false>("worst: skewed letters, " + std::string(needle), place2(skewed(length, 3), needle));
-        measureWorst<true>("worst: skewed letters, " + std::string(needle),
-                           place2(withRandomCase(skewed(length, 3)), needle));
+    measureWorst(contest::worstSearch, "a^n, aaaab", run, "aaaab");
+    measureWorst(contest::worstFoldedSearch, "a^n, aaaab", run, "aaaab");
+    for (const std::string needle : {"aaaaaacaabbaccaaaabaaaabq", "aaaaabaaabq"}) {
+        measureWorst(contest::worstSearch, "skewed letters, " + needle, skewed(length, 3), needle);
+        measureWorst(contest::worstFoldedSearch, "skewed letters, " + needle, withRandomCase(skewed(length, 3)),
+                     needle);
     }
     for (const uint32_t different : {2U, 3U, 4U})
         for (const size_t size : {6U, 25U, 100U}) {
-            const std::string workload = "worst: " + std::to_string(different) + " letters, of " + std::to_string(size);
+            const std::string workload = std::to_string(different) + " letters, of " + std::to_string(size);
             const std::string needle = letters(size - 1, different) + 'q';
-            measureWorst<false>(workload, place2(letters(length, different), needle));
-            measureWorst<true>(workload, place2(withRandomCase(letters(length, different)), withRandomCase(needle)));
+            measureWorst(contest::worstSearch, workload, letters(length, different), needle);
+            measureWorst(contest::worstFoldedSearch, workload, withRandomCase(letters(length, different)),
+                         withRandomCase(needle));
         }
-    char *const destination = room(length + 1, 4);
-    const auto lines = [=](const char *workload, const std::string &source) {
-        const char *const text = place(source, 1);
-        measure("X_TAMBRO_gets", workload,
-                Contenders<X_TAMBRO_gets, nullptr, nullptr, plain::passOverLine>{Same::nothing}, 1,
-                [=](auto call, size_t) { return call(destination, length, text); });
-    };
     std::string pairs;
     while (pairs.size() < length) pairs += "a\r";
-    lines("worst: \\r^n", std::string(length, '\r'));
-    lines("worst: (a \\r)^n", pairs);
+    measureWorstLine("\\r^n", std::string(length, '\r'));
+    measureWorstLine("(a \\r)^n", pairs);
 }
 
 void measureAll() {
