@@ -245,6 +245,8 @@ void measureFormats() {
          {slot(word), slot(numbers), slot(numbers + 1)});
     scan("%[^=]=%i %u", "temperature=1234 56", [&] { return any() + '=' + digits() + " 56"; },
          {slot(word), slot(numbers), slot(numbers + 1)});
+    scan("%i,%i", "-17,90210", [&] { return digits() + ',' + std::to_string(mixedInteger(4)); },
+         {slot(numbers), slot(numbers + 1)});
 }
 
 void measureLines(const char *workload, uint32_t shortest, uint32_t most) {
