@@ -35,6 +35,10 @@ def read_functions(program):
             current = functions.setdefault(head[1], [])
         elif code := re.match(r"\s*([0-9a-f]+):\s+(.*?)\s*(?:[@;].*)?$", line):
             current.append((int(code[1], 16), code[2].replace("\t", " ")))
+    starts = {code[0][0]: code for code in functions.values() if code}
+    for line in output_of("arm-linux-gnueabihf-nm", program).stdout.splitlines():  # Listings give one name of several.
+        if symbol := re.match(r"([0-9a-f]+) [TtWi] (.*)", line):
+            functions.setdefault(symbol[2], starts.get(int(symbol[1], 16) & ~1, []))
     return functions
 
 
@@ -81,12 +85,14 @@ def in_arm_state(text):
     text = re.sub(r"^(\w+(?:\.[ifsu]?\d+)?)\.[wn] ", r"\1 ", re.sub(r"\b[0-9a-f]+ <.*>$", "turn", text))
     if branch := re.match(r"cb(n?)z (\w+), turn", text):
         return [f"cmp {branch[2]}, #0", "bne turn" if branch[1] else "beq turn"]
-    return [] if re.match(r"it[te]* ", text) else [re.sub("^orn", "orr", text)]
+    # Not every constant and operation exists there; others cost the same.
+    return [] if re.match(r"it[te]* ", text) else [re.sub(r"#\d{4,}", "#1", re.sub("^orn", "orr", text))]
 
 
 def with_even_pairs(code):
     """Other registers, as in that set ldrd takes an even one and the next. The stack pointer keeps its place."""
-    code = re.sub(r"\blr\b", "r14", re.sub(r"\bip\b", "r12", code))
+    for name, number in (("sl", 10), ("fp", 11), ("ip", 12), ("lr", 14)):
+        code = re.sub(rf"\b{name}\b", f"r{number}", code)
     pairs = dict.fromkeys(re.findall(r"(?:ldrd|strd)\w* (r\d+), (r\d+)", code))
     order = list(dict.fromkeys([register for pair in pairs for register in pair] + re.findall(r"\br\d+\b", code)))
     names = dict(zip(order, (f"r{number}" for number in (*range(13), 14))))
