@@ -112,10 +112,10 @@ def line(cells):
 
 def table(unit, builds, goals, columns):
     """All workloads, with the goals of the first build; one group of columns for each build."""
-    heads, rows = ["routine", "workload"], []
+    heads = ["routine", "workload"]
     for number, build in enumerate(builds):
         prefix = "" if number == 0 else f"{build}: "
-        heads += [f"{prefix}ours, {unit}", *columns, "best peer", f"{prefix}peer / ours"]
+        heads += [f"{prefix}ours, {unit}", *columns, "best peer", f"{prefix}peer / ours (more is better)"]
         heads += ["goal", ""] if number == 0 else []
     yield line(heads)
     yield line(["---", "---"] + ["--:"] * (len(heads) - 2))
@@ -127,8 +127,7 @@ def table(unit, builds, goals, columns):
             cells += [f"{cost['ours']:.1f}", *(f"{cost[name]:.1f}" if name in cost else "" for name in columns)]
             cells += [peer, f"{cost[peer] / cost['ours']:.2f}" if cost["ours"] else ""]
             cells += goals.cells(key) if number == 0 else []
-        rows.append(line(cells))
-    yield from rows
+        yield line(cells)
 
 
 def aligned(lines):
@@ -139,12 +138,11 @@ def aligned(lines):
 
 
 def print_rows(pattern, unit, builds):
-    """Where the builds are alternatives and not variants of one another, each has goals of its own."""
     for build, costs in builds.items():
         chosen = {key: cost for key, cost in costs.items() if re.search(pattern, ", ".join(key))}
         if not chosen:
             sys.exit(f"{build}: nothing matches {pattern}")
-        print(f"{build}: {unit} a call; peer / ours above 1: ours is faster")
+        print(f"{build}: {unit} a call, less is better; peer / ours above 1: ours is better")
         print(aligned(list(table(unit, {build: chosen}, Goals(build, chosen), []))))
 
 
