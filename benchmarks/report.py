@@ -234,7 +234,7 @@ def draw(builds):
     data = ["$ratios << END"]
     for routine, workload in keys:
         values = [ratio(costs[routine, workload]) for costs in (default, baseline)]
-        short = not re.search(r"(^|[ ^])\d{2,}", workload) or "digits" in workload or workload.startswith("mix")
+        short = not re.search(r"(^|\^)\d{2,}", workload)
         data.append(f'{routines.index(routine)} "{routine}" {values[0]} {values[1]} {int(short)}')
     data += ["END", f"output = '{DOCS / 'speed.svg'}'", f"routines = {len(routines)}", ""]
     script = (HERE / "speed.gnuplot").read_text(encoding="utf-8")
