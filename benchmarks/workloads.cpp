@@ -332,6 +332,41 @@ void measureArithmetic() {
             [=](auto call, size_t i) { return call(buffer, pairs[i][0], 1); });
 }
 
+// Whole texts: each call begins where the one before it ended, and waits for it.
+void measureWalks() {
+    std::string lines, tokens, characters;
+    for (int piece = 0; piece < 2048; ++piece) {
+        lines += letters(below(61)) + "\r\n";
+        tokens += letters(1 + below(12)) + ' ';
+        characters += encoded(latinCodePoint());
+    }
+    const char *const firstLine = place(lines, 0);
+    const char *const firstToken = place(tokens, 0);
+    const char *const firstCharacter = place(characters, 0);
+    char *const destination = room(512, 4);
+    char **const end = variables<char *>();
+    uint32_t *const codePoint = variables<uint32_t>();
+    int32_t *const length = variables<int32_t>();
+    measure(contest::X_TAMBRO_gets, "through 2048 short lines", 1, [=](auto call, size_t) {
+        const char *at = firstLine;
+        while (*at != 0) at += call(destination, 500, at) + 1;
+        return at;
+    });
+    measure(contest::TQ_strtoken, "through 2048 short tokens", 1, [=](auto call, size_t) {
+        const char *at = firstToken;
+        while (call(at, " \t,", end) != nullptr) at = *end;
+        return at;
+    });
+    measure(
+        contest::utf8ToUnicode, "through 2048 Latin characters", 1,
+        [=](auto call, size_t) {
+            const char *at = firstCharacter;
+            while (*at != 0) at = call(at, codePoint, length);
+            return at;
+        },
+        host::decode);
+}
+
 // A needle at the end of a text that does not hold it before.
 Search atTheEnd(std::string text, const std::string &needle) {
     text += needle;
@@ -451,6 +486,7 @@ void measureAll() {
     measureAlike(256);
     measureAlike(4096);
     measureWorstInputs();
+    if (measuresTime) measureWalks();  // What costs nothing there does not end.
 }
 
 }  // namespace
