@@ -1,25 +1,178 @@
 #include "plain.h"
 
-#include <cstring>
+#include <stddef.h>
 
 namespace plain {
 
-int32_t compareCollated(const char *first, const char *second, const uint8_t *collation) {
+namespace {
+
+using SignedByte = signed char;
+
+int32_t exact(char byte) { return static_cast<SignedByte>(byte); }
+
+int32_t folded(char byte) {
+    const int32_t value = static_cast<SignedByte>(byte);
+    return value >= 'A' && value <= 'Z' ? value + 32 : value;
+}
+
+bool isIn(char byte, const char *set) {
+    for (; *set != 0; ++set)
+        if (*set == byte) return true;
+    return false;
+}
+
+template <int32_t (*key)(char)>
+int32_t compareBy(const char *first, const char *second) {
+    while (*first != 0 && key(*first) == key(*second)) ++first, ++second;
+    return key(*first) - key(*second);
+}
+
+template <int32_t (*key)(char)>
+int32_t compareUpToBy(const char *first, const char *second, int32_t count) {
+    for (; count > 0; --count, ++first, ++second)
+        if (*first == 0 || key(*first) != key(*second)) return key(*first) - key(*second);
+    return 0;
+}
+
+template <int32_t (*key)(char)>
+char *findStringBy(const char *string, const char *substring) {
+    for (;; ++string) {
+        const char *at = string;
+        const char *wanted = substring;
+        while (*wanted != 0 && key(*at) == key(*wanted)) ++at, ++wanted;
+        if (*wanted == 0) return const_cast<char *>(string);
+        if (*string == 0) return nullptr;
+    }
+}
+
+char *writable(const char *at) { return const_cast<char *>(at); }
+
+bool isContinuation(char byte) { return (static_cast<uint8_t>(byte) & 0xC0) == 0x80; }
+
+int32_t sequenceLength(uint8_t lead) {
+    if (lead < 0x80) return 1;
+    if (lead < 0xC0) return 0;
+    if (lead < 0xE0) return 2;
+    if (lead < 0xF0) return 3;
+    if (lead < 0xF8) return 4;
+    return lead < 0xFC ? 5 : 6;
+}
+
+}  // namespace
+
+int32_t length(const char *string) {
+    int32_t count = 0;
+    while (string[count] != 0) ++count;
+    return count;
+}
+
+char *copy(char *destination, const char *source) {
+    copyToEnd(destination, source);
+    return destination;
+}
+
+char *copyUpTo(char *destination, const char *source, int32_t count) {
+    int32_t index = 0;
+    for (; index < count && source[index] != 0; ++index) destination[index] = source[index];
+    destination[index] = 0;
+    return destination;
+}
+
+char *append(char *destination, const char *source) {
+    copyToEnd(destination + length(destination), source);
+    return destination;
+}
+
+char *appendUpTo(char *destination, const char *source, int32_t count) {
+    copyUpTo(destination + length(destination), source, count);
+    return destination;
+}
+
+char *copyToEnd(char *destination, const char *source) {
+    while ((*destination = *source) != 0) ++destination, ++source;
+    return destination;
+}
+
+void *fill(void *destination, int32_t byte, uint32_t count) {
+    uint8_t *const bytes = static_cast<uint8_t *>(destination);
+    for (uint32_t index = 0; index < count; ++index) bytes[index] = static_cast<uint8_t>(byte);
+    return destination;
+}
+
+int32_t compare(const char *first, const char *second) { return compareBy<exact>(first, second); }
+int32_t compareFolded(const char *first, const char *second) { return compareBy<folded>(first, second); }
+
+int32_t compareUpTo(const char *first, const char *second, int32_t count) {
+    return compareUpToBy<exact>(first, second, count);
+}
+int32_t compareFoldedUpTo(const char *first, const char *second, int32_t count) {
+    return compareUpToBy<folded>(first, second, count);
+}
+
+int32_t collate(const char *first, const char *second, const uint8_t *collation) {
     for (;; ++first, ++second) {
-        const auto a = static_cast<int8_t>(collation[static_cast<uint8_t>(*first)]);
-        const auto b = static_cast<int8_t>(collation[static_cast<uint8_t>(*second)]);
-        if (a != b || a == 0) return a - b;
+        const int32_t one = static_cast<SignedByte>(collation[static_cast<uint8_t>(*first)]);
+        const int32_t other = static_cast<SignedByte>(collation[static_cast<uint8_t>(*second)]);
+        if (one == 0 || one != other) return one - other;
     }
 }
 
-bool isBlank(const char *string) {
-    while (*string != 0) {
-        if (static_cast<uint8_t>(*string++) > ' ') return false;
-    }
-    return true;
+int32_t compareBytes(const void *first, const void *second, uint32_t count) {
+    const uint8_t *const one = static_cast<const uint8_t *>(first);
+    const uint8_t *const other = static_cast<const uint8_t *>(second);
+    for (uint32_t index = 0; index < count; ++index)
+        if (one[index] != other[index]) return one[index] - other[index];
+    return 0;
 }
 
-bool hasAttribute(uint32_t mask, const uint8_t *attributes, int32_t byte) {
+char *find(const char *string, int32_t byte) {
+    for (; *string != 0; ++string)
+        if (static_cast<uint8_t>(*string) == static_cast<uint8_t>(byte)) return writable(string);
+    return nullptr;
+}
+
+char *findLast(const char *string, int32_t byte) {
+    const char *last = nullptr;
+    for (; *string != 0; ++string)
+        if (static_cast<uint8_t>(*string) == static_cast<uint8_t>(byte)) last = string;
+    return writable(last);
+}
+
+void *findByte(const void *range, int32_t byte, uint32_t count) {
+    const uint8_t *const bytes = static_cast<const uint8_t *>(range);
+    for (uint32_t index = 0; index < count; ++index)
+        if (bytes[index] == static_cast<uint8_t>(byte)) return const_cast<uint8_t *>(bytes + index);
+    return nullptr;
+}
+
+char *findAny(const char *string, const char *set) {
+    for (; *string != 0; ++string)
+        if (isIn(*string, set)) return writable(string);
+    return nullptr;
+}
+
+char *findString(const char *string, const char *substring) { return findStringBy<exact>(string, substring); }
+char *findStringFolded(const char *string, const char *substring) { return findStringBy<folded>(string, substring); }
+
+int32_t toUpper(int32_t character) { return character >= 'a' && character <= 'z' ? character - 32 : character; }
+
+int32_t isLetter(int32_t character) {
+    const int32_t byte = character & 0xFF;
+    return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
+}
+
+int32_t isDigit(int32_t character) {
+    const int32_t byte = character & 0xFF;
+    return byte >= '0' && byte <= '9';
+}
+
+int32_t isBlank(const char *string) {
+    for (; *string != 0; ++string)
+        if (static_cast<uint8_t>(*string) > ' ') return 0;
+    return 1;
+}
+
+int32_t hasAttribute(uint32_t mask, const uint8_t *attributes, int32_t byte) {
     return (attributes[byte & 0xFF] & mask & 0xFF) != 0;
 }
 
@@ -27,39 +180,120 @@ void convert(const uint8_t *conversion, char *string) {
     for (; *string != 0; ++string) *string = static_cast<char>(conversion[static_cast<uint8_t>(*string)]);
 }
 
-char *findUtf8(char *string, const char *set) {
+// Decimal numbers only.
+int32_t readInteger(const char *text) {
+    while (*text == ' ' || (*text >= '\t' && *text <= '\r')) ++text;
+    const bool isNegative = *text == '-';
+    if (isNegative) ++text;
+    uint32_t value = 0;
+    for (; *text >= '0' && *text <= '9'; ++text) value = value * 10 + static_cast<uint32_t>(*text - '0');
+    return static_cast<int32_t>(isNegative ? 0 - value : value);
+}
+
+int32_t readLine(char *destination, int32_t size, const char *source) {
+    int32_t index = 0;
+    int32_t stored = 0;
+    for (; stored < size && source[index] != '\n' && source[index] != 0; ++index)
+        if (source[index] != '\r') destination[stored++] = source[index];
+    destination[stored] = 0;
+    return index;
+}
+
+char *findToken(const char *string, const char *delimiters, char **end) {
+    while (*string != 0 && isIn(*string, delimiters)) ++string;
+    if (*string == 0) return nullptr;
+    const char *const first = string;
+    while (*string != 0 && !isIn(*string, delimiters)) ++string;
+    *end = writable(string);
+    return writable(first);
+}
+
+char *measureToken(const char *string, const char *delimiters, uint16_t *length) {
+    char *end = nullptr;
+    char *const first = findToken(string, delimiters, &end);
+    if (first != nullptr) *length = static_cast<uint16_t>(end - first);
+    return first;
+}
+
+int32_t encode(uint32_t codePoint, char *buffer) {
+    static const uint8_t leads[] = {0, 0, 0xC0, 0xE0, 0xF0, 0xF8, 0xFC};
+    int32_t length = 1;
+    while (length < 6 && codePoint >= (length == 1 ? 0x80U : 1U << (5 * length + 1))) ++length;
+    for (int32_t index = length - 1; index > 0; --index, codePoint >>= 6)
+        buffer[index] = static_cast<char>(0x80 | (codePoint & 0x3F));
+    buffer[0] = static_cast<char>(leads[length] | codePoint);
+    buffer[length] = 0;
+    return length;
+}
+
+char *decode(const char *input, uint32_t *codePoint, int32_t *length) {
+    const uint8_t lead = static_cast<uint8_t>(*input);
+    const int32_t size = sequenceLength(lead);
+    *length = 0;
+    if (size == 0) return writable(input + 1);
+    uint32_t value = size == 1 ? lead : lead & (0x7FU >> size);
+    for (int32_t index = 1; index < size; ++index) {
+        if (!isContinuation(input[index])) return writable(input + 1);
+        value = value << 6 | (static_cast<uint8_t>(input[index]) & 0x3F);
+    }
+    *codePoint = value;
+    *length = size;
+    return writable(input + size);
+}
+
+char *readCharacter(const char *input, int32_t *valid, char *character) {
+    const int32_t size = sequenceLength(static_cast<uint8_t>(*input));
+    *valid = 0;
+    character[0] = 0;
+    if (size == 0 || size > 4) return writable(input + 1);
+    for (int32_t index = 1; index < size; ++index) {
+        if (!isContinuation(input[index])) return writable(input + 1);
+        character[index] = input[index];
+    }
+    *valid = 1;
+    character[0] = input[0];
+    character[size] = 0;
+    return writable(*input == 0 ? input : input + size);
+}
+
+char *findAnyCharacter(const char *string, const char *set) {
     for (; *string != 0; ++string) {
-        for (const char *character = set; *character != 0;) {
-            const auto lead = static_cast<uint8_t>(*character);
-            const int32_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-            int32_t same = 0;
-            while (same < length && string[same] == character[same]) ++same;
-            if (same == length) return string;
-            character += length;
+        for (const char *member = set; *member != 0;) {
+            const int32_t size = sequenceLength(static_cast<uint8_t>(*member));
+            int32_t index = 0;
+            while (index < size && string[index] == member[index]) ++index;
+            if (index == size) return writable(string);
+            member += size;
         }
     }
     return nullptr;
 }
 
-int32_t difference(const char *first, const char *second) {
-    const std::size_t firstLength = std::strlen(first);
-    const std::size_t secondLength = std::strlen(second);
-    uint32_t sum = 0;
-    for (std::size_t k = 0; k < 4; ++k) {
-        const int32_t a = k < firstLength ? static_cast<int8_t>(first[firstLength - 1 - k]) : 0;
-        const int32_t b = k < secondLength ? static_cast<int8_t>(second[secondLength - 1 - k]) : 0;
-        sum += static_cast<uint32_t>(a - b) << (8 * k);
+int32_t subtract(const char *first, const char *second) {
+    const char *firstEnd = first + length(first);
+    const char *secondEnd = second + length(second);
+    uint32_t difference = 0;
+    for (uint32_t shift = 0; shift < 32; shift += 8) {
+        const int32_t one = firstEnd > first ? static_cast<SignedByte>(*--firstEnd) : 0;
+        const int32_t other = secondEnd > second ? static_cast<SignedByte>(*--secondEnd) : 0;
+        difference += static_cast<uint32_t>(one - other) << shift;
     }
-    return static_cast<int32_t>(sum);
+    return static_cast<int32_t>(difference);
 }
 
+// For sources of four bytes and more.
 char *add(char *destination, const char *source, int32_t addend) {
-    const std::size_t length = std::strlen(source);
-    std::memcpy(destination, source, length + 1);
-    for (std::size_t at = length; at-- > 0 && addend != 0 && addend != -1; addend >>= 8) {
-        destination[at] = static_cast<char>(destination[at] + addend);
+    const int32_t size = length(source);
+    copy(destination, source);
+    for (int32_t index = size; index > 0 && addend != 0 && addend != -1; addend >>= 8) {
+        --index;
+        destination[index] = static_cast<char>(destination[index] + addend);
     }
     return destination;
 }
+
+char *passOver(const char *string, const char *) { return writable(string + length(string)); }
+
+int32_t passOverLine(char *, int32_t, const char *source) { return length(source); }
 
 }  // namespace plain
