@@ -34,7 +34,7 @@ kinds() {
         s|^[^:]*\.h:[0-9]+:.* warning: .*\[(-W[a-z-]+)=*\]$|\1|p' |
         awk '$1 == "at" {line = $2; next} {print line, $1}' |
         sed -E 's/-Wnonnull/null/; s/-Wunused-(value|result)/dropped/
-            s/-W(stringop-over(flow|read)|attribute-warning|user-defined-warnings)/room/' | sort -n -u
+            s/-W(stringop-over(flow|read)|attribute-warning|user-defined-warnings)/room/' | sort -u -k 1,1n -k 2
 }
 
 # The lines of calls.c that draw a warning, against the lines that say so.
