@@ -26,6 +26,10 @@
  * Results that point into a `const char *` argument are plain `char *`, as in the classic C routines.
  */
 
+#define STRLIB_VERSION_MAJOR 1
+#define STRLIB_VERSION_MINOR 0
+#define STRLIB_VERSION_PATCH 0
+
 #if defined(__GNUC__)
 #define STRLIB_NOTHROW __attribute__((__nothrow__, __leaf__))
 #define STRLIB_NONNULL(...) __attribute__((__nonnull__(__VA_ARGS__)))

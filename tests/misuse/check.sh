@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# What compilers say about the public header and its use: check.sh header|calls.
+# What compilers say about the public header and its use, and its version: check.sh header|calls|version.
 set -euo pipefail
 export LC_ALL=C
 
@@ -45,7 +45,19 @@ calls() {
         { echo "calls: $*" >&2 && return 1; }
 }
 
+# The version in the header, in the build and at the top of the changelog are one.
+version() {
+    local root=$here/../.. stated built logged
+    stated=$(gcc -x c -E -P -I "$include" - <<<'#include <strlib.h>
+version STRLIB_VERSION_MAJOR.STRLIB_VERSION_MINOR.STRLIB_VERSION_PATCH' | sed -n 's/^version //p' | tr -d ' ')
+    built=$(sed -nE 's/^project\(strlib VERSION ([0-9.]+) .*/\1/p' "$root/CMakeLists.txt")
+    logged=$(sed -nE 's/^## ([0-9.]+).*/\1/p' "$root/CHANGELOG.md" | head -1)
+    [[ -n $stated && $stated == "$built" && $stated == "$logged" ]] ||
+        { echo "version: strlib.h has '$stated', CMakeLists.txt '$built', CHANGELOG.md '$logged'" >&2 && return 1; }
+}
+
 case ${1-} in
 header | calls) inEveryLanguage "$1" ;;
-*) echo "check.sh: name a check, header or calls" >&2 && exit 2 ;;
+version) version ;;
+*) echo "check.sh: name a check: header, calls or version" >&2 && exit 2 ;;
 esac
