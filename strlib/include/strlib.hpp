@@ -17,24 +17,27 @@
  * @brief The routines of strlib.h as C++20 would have them: destinations know their size, formats are checked when they
  *        are compiled.
  *
- * Each function here calls one routine, named in its contract, and adds nothing that outlives optimisation but what its
- * contract says. The terms are those of strlib.h. Routines that need no better face are called as they are.
+ * Each function calls one routine, named in its contract, and compiles to little or nothing more than that call. The
+ * terms are those of strlib.h. Routines without a counterpart here are called as they are.
  *
  * A *destination* is an array of `char`, a `std::array`, a `std::span` or any other contiguous range with a size: all
- * of it may be written. Where a size is needed when compiling, a destination is one whose type tells it. What does not
- * fit is cut or left out, as the routine does it; a destination of no bytes is never written.
+ * of it may be written. Some functions need one whose type tells its size. What does not fit is cut or left out, as the
+ * routine does it; a destination of no bytes is never written.
  *
  * ```
  * char line[32], country[8];
  * std::int32_t people = 0;
- * strlib::format(line, "%s has %d inhabitants", "Lima", 11);        // "Lima has 11 inhabitants", a std::string_view
- * strlib::scan("Peru;34", "%8[^;];%i", country, people);            // 2
- * for (const char *rest = "a,b"; const auto token = strlib::nextToken(rest, ",");) use(*token);  // "a", "b"
- *
- * strlib::format(line, "%d", "Lima");          // does not compile: %d takes no text
- * strlib::format(line, "%d,%d,%d,%d", 1, 2, 3, 4);  // does not compile: four numbers may take 48 bytes
- * strlib::scan(text, "%s", country);           // does not compile: nothing bounds %s
- * strlib::scan(text, "%9s", country);          // does not compile: 9 bytes are more than country has
+ * strlib::format(line, "%s has %d inhabitants", "Lima", 11);  // the std::string_view "Lima has 11 inhabitants"
+ * strlib::scan("Peru;34", "%8[^;];%i", country, people);      // 2, country holds "Peru", people is 34
+ * for (const char *rest = "a,b"; const auto token = strlib::nextToken(rest, ",");)
+ *     use(*token);                                            // "a", then "b"
+ * ```
+ * What does not compile:
+ * ```
+ * strlib::format(line, "%d", "Lima");                // %d takes no text
+ * strlib::format(line, "%d,%d,%d,%d", 1, 2, 3, 4);   // four numbers may take 48 bytes
+ * strlib::scan(text, "%s", country);                 // nothing bounds %s
+ * strlib::scan(text, "%9s", country);                // 9 bytes are more than country has
  * ```
  */
 
@@ -101,6 +104,7 @@ public:
     /* Whether no '%' so far stood before anything but a conversion or another '%'. */
     constexpr bool isClean() const { return clean_; }
 
+    /* A '%' before what is no conversion goes unheeded, and so do the letters that have followed it by then. */
     constexpr Step next() {
         if (*at_ != '%') return plain();
         ++at_;
@@ -217,6 +221,10 @@ constexpr void checkInput(const Step &step) {
     if (!fits || (step.letter != 'c' && sizeof(Argument) != size)) refused::argumentOfAnotherType();
 }
 
+/* As many slots as arguments, but one at least, as an array has to have. */
+template <class... Arguments>
+using Slots = std::intptr_t[sizeof...(Arguments) + (sizeof...(Arguments) == 0)];
+
 template <class Argument>
 std::intptr_t slotOf(const Argument &value) {
     if constexpr (HasCString<Argument>)
@@ -268,13 +276,15 @@ concept DestinationOf = Destination<Type> && detail::extentOf<Type>
  * @brief Copies a string by TQANSI_strncpy(), as much of it as the destination has room for beside the NUL.
  * @param destination Where to.
  * @param source A string, or null.
- * @return The copy; nothing if there is no source or no room, with nothing written. Measured only if it is used.
+ * @return The copy, measured only if it is used; an empty text, with nothing written, if the source is null or the
+ *         destination has no bytes.
  */
 template <Destination To>
 std::string_view copy(To &&destination, const char *source) {
     const std::span room(destination);
-    if (room.empty() || source == nullptr) return {};
-    return detail::viewOf(TQANSI_strncpy(room.data(), source, detail::limited(room.size() - 1)));
+    if (room.empty()) return {};
+    TQANSI_strncpy(room.data(), source, detail::limited(room.size() - 1));
+    return source == nullptr ? std::string_view() : detail::viewOf(room.data());
 }
 
 /**
@@ -307,7 +317,7 @@ std::string_view append(To &&destination, const char *source) {
  * @param destination Where to; it may be the source's own array.
  * @param source A string, not null.
  * @param addend The integer.
- * @return The sum; nothing if the destination has no room for the source and its NUL, with nothing written.
+ * @return The sum; nothing, with nothing written, if the destination has no room for the source and its NUL.
  */
 template <DestinationOf<5> To>
 std::optional<std::string_view> add(To &&destination, const char *source, std::int32_t addend) {
@@ -349,10 +359,11 @@ std::string_view format(To &&destination,
                         std::type_identity_t<detail::OutputFormat<detail::extentOf<To>, Arguments...>> format,
                         const Arguments &...arguments) {
     const std::span room(destination);
-    const std::intptr_t slots[] = {detail::slotOf(arguments)..., 0};
+    const detail::Slots<Arguments...> slots = {detail::slotOf(arguments)...};
     const std::int32_t stored =
         TQ_sprintf(room.data(), static_cast<std::uint32_t>(detail::limited(room.size())), format.text, slots);
-    return {room.data(), stored < 1 ? 0 : static_cast<std::size_t>(stored) - 1};
+    if (room.extent == std::dynamic_extent && stored < 1) return {};
+    return {room.data(), static_cast<std::size_t>(stored) - 1};
 }
 
 /**
@@ -371,7 +382,7 @@ std::string_view format(To &&destination,
 template <class... Arguments>
 std::int32_t scan(const char *input, std::type_identity_t<detail::InputFormat<Arguments...>> format,
                   Arguments &...arguments) {
-    const std::intptr_t slots[] = {detail::addressOf(arguments)..., 0};
+    const detail::Slots<Arguments...> slots = {detail::addressOf(arguments)...};
     return TQ_sscanf(input, format.text, slots);
 }
 
@@ -399,7 +410,7 @@ std::optional<std::string_view> nextLine(To &&destination, const char *&rest) {
  * @return The token, where it stands in the text; nothing if there is none.
  */
 inline std::optional<std::string_view> nextToken(const char *&rest, const char *delimiters) {
-    char *end = nullptr;
+    char *end;
     const char *const token = TQ_strtoken(rest, delimiters, &end);
     if (token == nullptr) return std::nullopt;
     rest = end;
@@ -449,7 +460,7 @@ std::optional<std::string_view> encode(To &&destination, char32_t codePoint) {
 }
 
 /**
- * @brief Finds the first place of a byte by TQANSI_strchr(), of a string by TQANSI_strstr().
+ * @brief Finds the first occurrence of a byte by TQANSI_strchr(), of a string by TQANSI_strstr().
  * @param string A string, or null.
  * @param sought The byte, or a string, or null.
  * @return The position; nothing where there is none.
@@ -464,7 +475,7 @@ inline std::optional<std::size_t> find(const char *string, const char *sought) {
 }
 
 /**
- * @brief Finds the last place of a byte by TQANSI_strrchr().
+ * @brief Finds the last occurrence of a byte by TQANSI_strrchr().
  * @param string A string, or null.
  * @param sought The byte.
  * @return The position; nothing where there is none.
@@ -474,7 +485,7 @@ inline std::optional<std::size_t> findLast(const char *string, char sought) {
 }
 
 /**
- * @brief Finds the first place of a string after folding by TQ_stristr().
+ * @brief Finds the first occurrence of a string after folding by TQ_stristr().
  * @param string A string, or null.
  * @param sought A string, or null.
  * @return The position; nothing where there is none.
@@ -494,7 +505,7 @@ inline std::optional<std::size_t> findAnyOf(const char *string, const char *set)
 }
 
 /**
- * @brief Finds the first place of a character that belongs to a UTF-8 set by TQANSI_strpbrkUTF8().
+ * @brief Finds the first character that belongs to a UTF-8 set by TQANSI_strpbrkUTF8().
  * @param string A string, or null.
  * @param set A string whose characters are the set, or null.
  * @return The position; nothing where there is none.

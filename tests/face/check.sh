@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# What compilers refuse of <strlib.hpp>: the lines of refusals.cpp that do not compile, and why, against the lines that
-# say so; and the header alone, without a word from any compiler.
+# What compilers make of <strlib.hpp>: nothing to say about the header alone; the lines of refusals.cpp that do not
+# compile, and why, against the lines that say so; and no more code than for the routines alone.
 set -euo pipefail
 export LC_ALL=C
 
@@ -31,6 +31,24 @@ refusals() {
         <({ "$@" "${options[@]}" -fsyntax-only "$here/refusals.cpp" 2>&1 || true; } | reasons) ||
         { echo "refusals: $*" >&2 && return 1; }
 }
+
+# Every function of cost.cpp: its name without the form, its bytes through the face and by hand.
+costs() {
+    local object
+    object=$(mktemp)
+    g++ "${options[@]}" -O2 -c "$here/cost.cpp" -o "$object"
+    nm -S -t d "$object" | awk '$3 == "T" {form = substr($4, 1, 4); bytes[form, substr($4, 5)] = $2 + 0}
+        END {
+            for (key in bytes) {
+                split(key, part, SUBSEP)
+                if (part[1] == "face") print part[2], bytes[key], bytes["hand", part[2]]
+            }
+        }'
+    rm -f "$object"
+}
+
+dearer=$(costs | awk '$2 > $3 || $3 == 0 {print} END {if (NR == 0) print "nothing was measured"}')
+[[ -z $dearer ]] || { echo "bytes through the face, and by hand: $dearer" >&2 && exit 1; }
 
 for compiler in g++ "${clangs[@]}"; do
     "$compiler" "${options[@]}" -Werror -O2 -x c++ -c - -o /dev/null <<<'#include <strlib.hpp>'
