@@ -54,13 +54,13 @@ calls() {
 # counters for coverage keep branches alive.
 imports() {
     local language options object imported
+    local expected='TQ|X_TAMBRO_|utf8|unicodeTo|customS|string_operator_|use|fill|_GLOBAL_OFFSET_TABLE_|__gcov'
     object=$(mktemp -d)
     for language in c c++; do
         for options in -Og -O2 '-O2 --coverage'; do
             # shellcheck disable=SC2086
             gcc -x $language $options -w -I "$include" -c "$here/calls.c" -o "$object/calls.o"
-            imported=$(nm -u "$object/calls.o" | awk '{print $2}' | c++filt |
-                grep -vE '^(TQ|X_TAMBRO_|utf8|unicodeTo|customS|string_operator_|use|fill|_GLOBAL_OFFSET_TABLE_|__gcov)' || true)
+            imported=$(nm -u "$object/calls.o" | awk '{print $2}' | c++filt | grep -vE "^($expected)" || true)
             [[ -z $imported ]] || { echo "imports: $language $options: $imported" >&2 && return 1; }
         done
     done
