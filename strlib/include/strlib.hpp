@@ -323,7 +323,10 @@ template <DestinationOf<5> To>
 std::optional<std::string_view> add(To &&destination, const char *source, std::int32_t addend) {
     const std::span room(destination);
     if (static_cast<std::size_t>(TQANSI_strlen(source)) >= room.size()) return std::nullopt;
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wattribute-warning" /* where GCC knows the source but not what has been tested */
     return detail::viewOf(string_operator_add(room.data(), source, addend));
+#pragma GCC diagnostic pop
 }
 
 /**
