@@ -15,7 +15,7 @@ set(strlibPkgConfigDir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 install(TARGETS strlib EXPORT strlib
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(FILES ${PROJECT_SOURCE_DIR}/strlib/include/strlib.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/strlib/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(DIRECTORY ${STRLIB_DOCS_DIR}/man/man3/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 OPTIONAL)
 
 # The library depends on no other package, so that the exported target needs nothing around it.

@@ -41,7 +41,7 @@ TEST_CASE("every code point comes back") {
     }
     CHECK(wrong == 0);
     for (const uint32_t value : {0x80000000u, 0xFFFFFFFFu}) {
-        char buffer[4] = "***";
+        char buffer[8] = "***";
         CHECK(unicodeToUtf8(value, buffer) == 0);
         CHECK(std::memcmp(buffer, " \0*", 4) == 0);
     }

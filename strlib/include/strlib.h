@@ -8,28 +8,49 @@
  * @brief Text routines with exactly defined results, for callers that cannot afford a wrong byte.
  *
  * Terms used throughout:
- * - A *string* is an array of 8-bit bytes that ends with a NUL. Lengths, counts, sizes and positions are in bytes.
- * - A *blank* is a byte of the values 1 to 32. NUL, DEL (0x7F) and the bytes from 0x80 up are no blanks.
- * - A *signed byte* is a byte read as -128 to 127, whatever the signedness of `char`: 0x80 to 0xFF sort before ASCII.
+ * - A *string* is an array of 8-bit bytes that ends with a NUL, the byte 0. Lengths, counts, sizes and positions are in
+ *   bytes.
+ * - A *blank* is a byte from 1 to 32. NUL, DEL (0x7F) and the bytes from 0x80 up are not blanks.
+ * - A *signed byte* is a byte read as -128 to 127, whatever the sign of `char`: 0x80 to 0xFF sort before ASCII.
  * - *Folding* turns 'A' to 'Z' into 'a' to 'z' and leaves every other byte alone. There are no locales.
- * - *Null* is a null pointer. A routine that tests for null names its answer; for the others null is out of contract.
- * - A table is 256 bytes, indexed by a byte's unsigned value.
+ * - *Null* is a null pointer. Where a contract allows it ("or null"), it says what happens then.
+ * - A call that breaks its contract is *out of contract*: anything may happen.
+ * - A *table* is 256 bytes, indexed by a byte's unsigned value.
  *
- * No routine allocates, locks, or keeps anything between calls. Any number of threads may call any routines at once,
- * as long as no two calls write the same bytes. A string without a NUL is out of contract everywhere, except that where
- * a count limits what is read, as many bytes as the count says will do instead. Strings, their lengths and every
- * position in them are limited to 2147483647 bytes. No out-parameter may overlap a text or another out-parameter.
+ * No routine allocates, locks, or keeps anything between calls. Any number of threads may call any routines at once, as
+ * long as no call writes a byte that another call uses. A string must end with a NUL; but where a count limits what is
+ * read, an array of count bytes without a NUL will do. Strings, their lengths and every position in them are limited to
+ * 2147483647 bytes. No out-parameter may overlap a text or another out-parameter.
  *
- * Where a routine is said not to read a byte, it does not depend on it and never faults on it: text may be read in
- * aligned blocks of up to 32 bytes around a byte that belongs to it, and no page of memory ends inside one.
+ * **What is read.** A byte is *not read* if no result depends on it and no access to it faults. A routine, TQ_sscanf()
+ * included, may still load it together with bytes of the text: any aligned group of up to 32 bytes that holds at least
+ * one byte of the text may be loaded whole, and on x86-64 a load may reach past the text inside its 4,096-byte page. No
+ * page of memory ends inside such a group. Text must therefore not lie in memory where loading a byte has an effect.
+ *
+ * **What the target must offer.** memset(), and words that may be accessed at any address. Where words must be aligned,
+ * build the library for that: without `__ARM_FEATURE_UNALIGNED` (`-mno-unaligned-access`) it keeps to aligned accesses
+ * on ARM. On ARMv7-A the library needs nothing else; on other machines the compiler's own run-time library may have to
+ * supply operations that the processor lacks.
+ *
+ * **Names.** `TQANSI_` marks the counterparts of classic C routines and their variants, `TQ_` the extensions to them.
+ * The UTF-8 codec and reader and customStricmp() have no prefix, string arithmetic begins with `string_operator_`, and
+ * the line reader is X_TAMBRO_gets(). Callers rely on these names; the prefixes mean nothing more.
  *
  * Results that point into a `const char *` argument are plain `char *`, as in the classic C routines.
+ *
+ * **Help from the compiler.** GCC and Clang warn about a null pointer where none may be, about an unused result of a
+ * routine that does nothing else, and about a buffer that is too small for the call, as far as they know its size (GCC
+ * knows it only when it optimises). In C++20, strlib.hpp also checks formats.
  */
+
+#define STRLIB_VERSION_MAJOR 1
+#define STRLIB_VERSION_MINOR 0
+#define STRLIB_VERSION_PATCH 0
 
 #if defined(__GNUC__)
 #define STRLIB_NOTHROW __attribute__((__nothrow__, __leaf__))
 #define STRLIB_NONNULL(...) __attribute__((__nonnull__(__VA_ARGS__)))
-/* The result is all that such a call is good for; dropping it is a mistake. */
+/* Such a routine does nothing but return its result; a call that ignores it is a mistake. */
 #define STRLIB_PURE __attribute__((__pure__, __warn_unused_result__))
 #define STRLIB_CONST __attribute__((__const__, __warn_unused_result__))
 #else
@@ -39,7 +60,7 @@
 #define STRLIB_CONST
 #endif
 
-/* Lets the compiler compare a buffer's size, where it knows it, with the size that the call states. */
+/* The compiler compares the size that a call states with that of the buffer, where it knows it. */
 #if defined(__GNUC__) && !defined(__clang__) && __GNUC__ >= 10
 #define STRLIB_READS(...) __attribute__((__access__(__read_only__, __VA_ARGS__)))
 #define STRLIB_WRITES(...) __attribute__((__access__(__write_only__, __VA_ARGS__)))
@@ -59,11 +80,11 @@ extern "C" {
 /**
  * @defgroup copying Length, copy, concatenation, fill
  *
- * No routine of this group but TQANSI_memset() learns its destination's size: the caller provides the room that each
- * one states. Bytes behind the final NUL are never written. Every copy runs as if byte by byte from the first to the
- * last, so a destination that starts before an overlapping source is safe. A destination that starts inside the part
- * of the source still to be copied sees its own bytes again: a bounded copy then repeats them up to its count, and an
- * unbounded one never meets the NUL that it overwrote and is out of contract.
+ * Only TQANSI_memset() is told its destination's size; for the others the caller provides the room that each one
+ * states. Bytes after the final NUL are never written. Every copy runs as if byte by byte from the first to the last,
+ * so a destination that starts before an overlapping source is safe. If the destination starts inside the part of the
+ * source that is still to be copied, the copy reads what it has written: a bounded copy then repeats those bytes up to
+ * its count; an unbounded one overwrites the NUL before reaching it and is out of contract.
  * @{
  */
 
@@ -83,12 +104,17 @@ int32_t TQANSI_strlen(const char *string) STRLIB_PURE STRLIB_NOTHROW;
 char *TQANSI_strcpy(char *destination, const char *source) STRLIB_NOTHROW;
 
 /**
- * @brief Copies at most count bytes of a string and always ends the result with a NUL. Unlike strncpy() it never pads.
+ * @brief Copies at most count bytes of a string and always ends the result with a NUL. It never pads.
  *
- * `"hello", 3 -> "hel"`, `"hi", 5 -> "hi"`, `"hi", 0 -> ""`, `"hi", -1 -> ""`
- * @param destination Room for count + 1 bytes, or for the source's length plus 1 if that is less (but for 1 byte in any
- *        case); or null.
- * @param source A string, or null. At most count bytes of it are read; it needs no NUL among them.
+ * ```
+ * TQANSI_strncpy(d, "hello", 3)  ->  d holds "hel"
+ * TQANSI_strncpy(d, "hi", 5)     ->  d holds "hi"
+ * TQANSI_strncpy(d, "hi", 0)     ->  d holds ""
+ * TQANSI_strncpy(d, "hi", -1)    ->  d holds ""
+ * ```
+ * @param destination Room for count + 1 bytes, or for the source's length plus 1 if that is less, and always for 1; or
+ *        null.
+ * @param source A string, or null. At most count bytes of it are read, and they need not hold a NUL.
  * @param count The most bytes to copy, the NUL not counted; 0 or less gives an empty string.
  * @return The destination as passed. Nothing is written if either pointer is null.
  */
@@ -96,7 +122,7 @@ char *TQANSI_strncpy(char *destination, const char *source, int32_t count) STRLI
 
 /**
  * @brief Appends a string to another.
- * @param destination A string with room behind it for the source's length in bytes, or null.
+ * @param destination A string followed by room for as many bytes as the source is long, or null.
  * @param source A string, or null. It must not overlap the destination's string.
  * @return The destination as passed. Nothing is written if either argument is null.
  */
@@ -105,19 +131,25 @@ char *TQANSI_strcat(char *destination, const char *source) STRLIB_NOTHROW;
 /**
  * @brief Appends at most count bytes of a string to another and always ends the result with a NUL.
  *
- * `"ab" + "xyz", 2 -> "abxy"`, `"ab" + "xyz", 5 -> "abxyz"`, `"ab" + "xyz", -1 -> "ab"`
- * @param destination A string with room behind it for count bytes, or for the source's length if that is less; or null.
- * @param source A string, or null. At most count bytes of it are read; it needs no NUL among them.
+ * ```
+ * TQANSI_strncat(d, "xyz", 2), d holds "ab"   ->  d holds "abxy"
+ * TQANSI_strncat(d, "xyz", 5), d holds "ab"   ->  d holds "abxyz"
+ * TQANSI_strncat(d, "xyz", -1), d holds "ab"  ->  d holds "ab"
+ * ```
+ * @param destination A string followed by room for count bytes, or for as many as the source is long if that is less;
+ *        or null.
+ * @param source A string, or null. At most count bytes of it are read, and they need not hold a NUL.
  * @param count The most bytes to append, the NUL not counted; 0 or less appends nothing.
  * @return The destination as passed. Nothing is written if either pointer is null.
  */
 char *TQANSI_strncat(char *destination, const char *source, int32_t count) STRLIB_NOTHROW;
 
 /**
- * @brief Copies a string with its NUL and tells where the copy ends, so that the next piece can follow there.
+ * @brief Copies a string with its NUL and returns the end of the copy, where the next piece can go.
  * @param destination Room for the source's length plus 1 bytes, or null. Typically the end of a string being built.
  * @param source A string, or null.
- * @return The address of the NUL that was written; the destination as passed, with nothing written, if either is null.
+ * @return The address of the NUL that was written. If either argument is null, nothing is written and the destination
+ *         is returned as passed.
  */
 char *TQ_strappend(char *destination, const char *source) STRLIB_NOTHROW;
 
@@ -135,52 +167,68 @@ void *TQANSI_memset(void *destination, int32_t byte, uint32_t count) STRLIB_WRIT
 /**
  * @defgroup comparison Comparison
  *
- * Each result is the exact difference of the first pair of bytes that differ, first argument minus second, and 0 where
- * none does. A string that ends first takes part with its NUL as 0.
+ * Each result is the exact difference of the first two bytes that differ, the first argument's minus the second's, and
+ * 0 if no bytes differ. The NUL of the shorter string counts as 0.
  * @{
  */
 
 /**
  * @brief Compares two strings by signed bytes.
  *
- * `"abc", "abd" -> -1`, `"ab", "abc" -> -99`, `"\xE9", "a" -> -120`
+ * ```
+ * TQANSI_strcmp("abc", "abd")  ->  -1
+ * TQANSI_strcmp("ab", "abc")   ->  -99
+ * TQANSI_strcmp("\xE9", "a")   ->  -120
+ * ```
  * @param first A string, or null.
  * @param second A string, or null.
- * @return The difference of the first two signed bytes that differ, -255 to 255; 0 if there are none or either is null.
+ * @return The difference of the first two signed bytes that differ, -255 to 255; 0 if none do, or if either is null.
  */
 int32_t TQANSI_strcmp(const char *first, const char *second) STRLIB_PURE STRLIB_NOTHROW;
 
 /**
  * @brief Compares at most count bytes of two strings by signed bytes.
  *
- * `"abc", "abd", 2 -> 0`, `"xbc", "abd", 0 -> 0`, `"xbc", "abd", -1 -> 23`
+ * ```
+ * TQANSI_strncmp("abc", "abd", 2)   ->  0
+ * TQANSI_strncmp("xbc", "abd", 0)   ->  0
+ * TQANSI_strncmp("xbc", "abd", -1)  ->  23
+ * ```
  * @param first A string, or at least count bytes; or null.
  * @param second As first.
  * @param count The most positions to compare. 0 compares nothing; a negative count compares the first position only.
- * @return As TQANSI_strcmp(), of the positions compared; 0 if either pointer is null.
+ * @return As TQANSI_strcmp(), over the positions compared; 0 if either pointer is null.
  */
 int32_t TQANSI_strncmp(const char *first, const char *second, int32_t count) STRLIB_PURE STRLIB_NOTHROW;
 
 /**
  * @brief Compares two strings by signed bytes after folding.
  *
- * `"HeLLo", "hello" -> 0`, `"A", "b" -> -1`, `"[", "a" -> -6`, `"\xC9", "\xE9" -> -32`
+ * ```
+ * TQANSI_stricmp("HeLLo", "hello")  ->  0
+ * TQANSI_stricmp("A", "b")          ->  -1
+ * TQANSI_stricmp("[", "a")          ->  -6
+ * TQANSI_stricmp("\xC9", "\xE9")    ->  -32
+ * ```
  * @param first A string, not null.
  * @param second A string, not null.
- * @return The difference of the first two folded bytes that differ, -255 to 255; 0 if there are none.
+ * @return The difference of the first two folded bytes that differ, -255 to 255; 0 if none do.
  */
 int32_t TQANSI_stricmp(const char *first, const char *second) STRLIB_PURE STRLIB_NONNULL(1, 2) STRLIB_NOTHROW;
 
 /**
  * @brief Compares at most count bytes of two strings by signed bytes after folding.
  *
- * `"HELLOx", "helloy", 5 -> 0`, `"x", "A", -3 -> 23`
+ * ```
+ * TQANSI_strnicmp("HELLOx", "helloy", 5)  ->  0
+ * TQANSI_strnicmp("x", "A", -3)           ->  23
+ * ```
  * @param first A string, or at least count bytes if the count is at most 65535; or null.
  * @param second As first.
  * @param count The most positions to compare. 0 compares nothing; a negative count compares the first position only.
- *        Positions are counted in 16 bits: a count of 65536 or more never ends the comparison, which then runs to the
- *        first difference or the common end.
- * @return As TQANSI_stricmp(), of the positions compared; 0 if either pointer is null.
+ *        A count of 65536 or more is no limit: positions are counted in 16 bits, and the comparison runs to the first
+ *        difference or to the end of both strings.
+ * @return As TQANSI_stricmp(), over the positions compared; 0 if either pointer is null.
  */
 int32_t TQANSI_strnicmp(const char *first, const char *second, int32_t count) STRLIB_PURE STRLIB_NOTHROW;
 
@@ -188,24 +236,26 @@ int32_t TQANSI_strnicmp(const char *first, const char *second, int32_t count) ST
  * @brief Compares two strings in the order of a collation table.
  *
  * Both bytes of each position are mapped through the table and read as signed bytes. The comparison ends at the first
- * position where the mapped values differ or are 0: a byte that the table maps to 0 ends a string like its NUL.
+ * position where the mapped values differ or are both 0: a byte that the table maps to 0 ends a string as a NUL does.
  * @param first A string, not null.
  * @param second A string, not null.
- * @param collation 256 bytes that map the NUL to 0 (any other entry there is out of contract); or null, for a
- *        comparison as that of TQANSI_strcmp().
+ * @param collation A table that maps the NUL to 0 (anything else is out of contract); or null, to compare as
+ *        TQANSI_strcmp() does.
  * @return The difference of the two values at which the comparison ended, -255 to 255.
  */
 int32_t customStricmp(const char *first, const char *second, const uint8_t *collation) STRLIB_PURE
     STRLIB_NONNULL(1, 2) STRLIB_NOTHROW;
 
 /**
- * @brief Compares count bytes by their unsigned values, NUL bytes like any other.
+ * @brief Compares count bytes by their unsigned values. A NUL is a byte like any other.
  *
- * `"ab\x80", "ab\x01", 3 -> 127`
+ * ```
+ * TQANSI_memcmp("ab\x80", "ab\x01", 3)  ->  127
+ * ```
  * @param first A range of count bytes; null only with a count of 0.
  * @param second As first.
  * @param count The number of bytes to compare; 0 compares nothing.
- * @return The difference of the first two bytes that differ, -255 to 255; 0 if there are none.
+ * @return The difference of the first two bytes that differ, -255 to 255; 0 if none do.
  */
 int32_t TQANSI_memcmp(const void *first, const void *second, uint32_t count) STRLIB_PURE STRLIB_READS(1, 3)
     STRLIB_READS(2, 3) STRLIB_NOTHROW;
@@ -215,64 +265,73 @@ int32_t TQANSI_memcmp(const void *first, const void *second, uint32_t count) STR
 /**
  * @defgroup search Search
  *
- * Results point into the first argument. Every routine gives null when there is nothing to find or when a pointer
- * argument is null. Unlike the classic routines, the searches in strings never find the terminating NUL.
+ * Results point into the first argument. Every routine returns null if it finds nothing or if a pointer argument is
+ * null. Unlike their classic counterparts, the searches in strings never find the terminating NUL.
  * @{
  */
 
 /**
- * @brief Finds the first place of a byte in a string.
+ * @brief Finds the first occurrence of a byte in a string.
  * @param string A string, or null.
  * @param byte The byte sought, of which the low 8 bits count: 0x16C finds 'l'.
- * @return The byte's first position; null if it is not there, if it is 0, or for a null string.
+ * @return The byte's first position; null if the byte is not there or is 0, or if the string is null.
  */
 char *TQANSI_strchr(const char *string, int32_t byte) STRLIB_PURE STRLIB_NOTHROW;
 
 /**
- * @brief Finds the last place of a byte in a string.
+ * @brief Finds the last occurrence of a byte in a string.
  * @param string A string, or null.
  * @param byte The byte sought, of which the low 8 bits count.
- * @return The byte's last position; null if it is not there, if it is 0, or for a null string.
+ * @return The byte's last position; null if the byte is not there or is 0, or if the string is null.
  */
 char *TQANSI_strrchr(const char *string, int32_t byte) STRLIB_PURE STRLIB_NOTHROW;
 
 /**
- * @brief Finds the first place of a byte in a range, NUL bytes like any other.
- * @param range A range of count bytes, or null. Only the bytes up to the one found need to exist.
+ * @brief Finds the first occurrence of a byte in a range. A NUL is a byte like any other.
+ * @param range A range of count bytes, or null. Bytes after the one found need not exist.
  * @param byte The byte sought, of which the low 8 bits count.
  * @param count The number of bytes to search; 0 finds nothing.
- * @return The byte's first position; null if it is not there or for a null range.
+ * @return The byte's first position; null if the byte is not there or the range is null.
  */
 void *TQANSI_memchr(const void *range, int32_t byte, uint32_t count) STRLIB_PURE STRLIB_READS(1) STRLIB_NOTHROW;
 
 /**
  * @brief Finds the first byte of a string that belongs to a set.
  *
- * `"hello", "xol" -> position 2`
+ * ```
+ * TQANSI_strpbrk("hello", "xol")  ->  position 2
+ * ```
  * @param string A string, or null.
  * @param set A string whose bytes are the set, in any order and number; or null.
- * @return The position; null if there is none, if either string is empty, or for null.
+ * @return The position; null if there is none, or if either string is empty or null.
  */
 char *TQANSI_strpbrk(const char *string, const char *set) STRLIB_PURE STRLIB_NOTHROW;
 
 /**
- * @brief Finds the first place of a substring. The cost grows with the sum of both lengths at most.
+ * @brief Finds the first occurrence of a substring, in time proportional at most to the sum of both lengths.
  *
- * `"abcabcd", "abcd" -> position 3`, `"abc", "" -> position 0`
+ * ```
+ * TQANSI_strstr("abcabcd", "abcd")  ->  position 3
+ * TQANSI_strstr("abc", "")          ->  position 0
+ * ```
  * @param string A string, or null.
  * @param substring A string, or null. An empty one is found at the string's start.
- * @return The position where the substring begins; null if it is not there or for null.
+ * @return The position where the substring begins; null if it is not there, or if either string is null.
  */
 char *TQANSI_strstr(const char *string, const char *substring) STRLIB_PURE STRLIB_NOTHROW;
 
 /**
- * @brief Finds the first place of a substring after folding. The cost grows with the sum of both lengths at most.
+ * @brief Finds the first occurrence of a substring after folding, in time proportional at most to the sum of both
+ *        lengths.
  *
- * `"xxHeLLo world", "WORLD" -> position 8`
+ * ```
+ * TQ_stristr("xxHeLLo world", "WORLD")  ->  position 8
+ * ```
  * @param string A string, or null.
  * @param substring A string, or null. An empty one is found at the string's start. One of 65536 bytes or more is found
- *        only where it ends with the string: each place is compared by TQANSI_strnicmp() with its length as the count.
- * @return The position where the substring begins; null if it is not there or for null.
+ *        only at the string's end, as each position is compared by TQANSI_strnicmp() with the substring's length as the
+ *        count.
+ * @return The position where the substring begins; null if it is not there, or if either string is null.
  */
 char *TQ_stristr(const char *string, const char *substring) STRLIB_PURE STRLIB_NOTHROW;
 
@@ -312,9 +371,9 @@ int32_t TQANSI_isdigit(int32_t character) STRLIB_CONST STRLIB_NOTHROW;
 int32_t TQ_isBlankLine(const char *string) STRLIB_PURE STRLIB_NONNULL(1) STRLIB_NOTHROW;
 
 /**
- * @brief Tells whether a byte belongs to any of the caller's classes.
- * @param mask The class bits asked for, of which the low 8 bits count.
- * @param attributes 256 bytes of class bits, or null.
+ * @brief Tells whether a byte belongs to any of several classes that the caller defines.
+ * @param mask The bits of the classes asked for; its low 8 bits count.
+ * @param attributes A table of class bits, or null.
  * @param byte The byte, of which the low 8 bits count.
  * @return 1 if the byte's entry has a bit in common with the mask, else 0; 0 for a null table.
  */
@@ -323,8 +382,8 @@ int32_t TQ_isAttribute(uint32_t mask, const uint8_t *attributes, int32_t byte) S
 /**
  * @brief Replaces every byte of a string by its entry in a table. Mind the order: the table comes first.
  *
- * Every byte before the NUL that ends the string on entry is replaced, also behind one that the table turned into 0.
- * @param conversion 256 bytes, of which that of the NUL is not used; or null. It must not overlap the string.
+ * Every byte before the string's NUL is replaced, also those after a byte that the table turns into 0.
+ * @param conversion A table, or null. Its entry for the NUL is not used. It must not overlap the string.
  * @param string A string, or null. Nothing happens if either pointer is null.
  */
 void TQ_convertZstring(const uint8_t *conversion, char *string) STRLIB_NOTHROW;
@@ -339,99 +398,124 @@ void TQ_convertZstring(const uint8_t *conversion, char *string) STRLIB_NOTHROW;
 /**
  * @brief Reads the integer at the start of a text.
  *
- * Blanks are passed over. "0x" (not "0X") starts a hexadecimal number of digits in either case and takes no sign; else
- * an optional '-' (a '+' is no sign) and decimal digits follow. The number ends at the first byte that does not belong.
+ * Leading blanks are skipped. "0x" (not "0X") starts a hexadecimal number, with digits in either case and no sign;
+ * otherwise an optional '-' and decimal digits are read ('+' is not a sign). The number ends at the first byte that
+ * does not belong to it.
  *
- * `"  -42abc" -> -42`, `"0x1Fz" -> 31`, `"+5" -> 0`, `"- 5" -> 0`, `"0X1F" -> 0`, `"-0x10" -> 0`,
- * `"2147483648" -> -2147483648`
+ * ```
+ * TQANSI_atoi("  -42abc")    ->  -42
+ * TQANSI_atoi("0x1Fz")       ->  31
+ * TQANSI_atoi("+5")          ->  0
+ * TQANSI_atoi("- 5")         ->  0
+ * TQANSI_atoi("0X1F")        ->  0
+ * TQANSI_atoi("-0x10")       ->  0
+ * TQANSI_atoi("2147483648")  ->  -2147483648
+ * ```
  * @param text A string, not null.
- * @return The number modulo 2^32, read as a signed one; 0 where there is none.
+ * @return The number modulo 2^32, as a signed integer; 0 if there is none.
  */
 int32_t TQANSI_atoi(const char *text) STRLIB_PURE STRLIB_NONNULL(1) STRLIB_NOTHROW;
 
 /**
- * @brief Writes an integer as text, or nothing but an empty string if it does not fit.
+ * @brief Writes an integer as text, or an empty string if the text does not fit.
  *
- * Digits above 9 are 'A' to 'Z'. Only radix 10 writes a '-'; in any other a negative value is written as its magnitude.
+ * Digits above 9 are 'A' to 'Z'. Only radix 10 writes a '-'; any other writes the magnitude of a negative value.
  *
- * `-1234, size 6, radix 10 -> "-1234"`, `-1234, size 5 -> null`, `-255, radix 16 -> "FF"`, `0, radix 0 -> "0"`
+ * ```
+ * TQANSI_itoa(-1234, d, 6, 10)  ->  d holds "-1234"
+ * TQANSI_itoa(-1234, d, 5, 10)  ->  null, d holds ""
+ * TQANSI_itoa(-255, d, 6, 16)   ->  d holds "FF"
+ * TQANSI_itoa(0, d, 6, 0)       ->  d holds "0"
+ * ```
  * @param value The integer.
  * @param buffer Room for size bytes, or null.
- * @param size The bytes that may be used, the NUL counted: a text of k characters needs k + 1.
- * @param radix 2 to 36. Any other fits no value but 0, which needs no radix.
- * @return The buffer; null for a null buffer or a size of 0 or less, with nothing written; null for a text that does
- *         not fit, with a NUL at index 0 (and any other byte of the first size bytes possibly changed).
+ * @param size The size of the buffer: a text of k characters needs k + 1 bytes.
+ * @param radix 2 to 36. Any other radix can write only 0.
+ * @return The buffer; null if the buffer is null or the size is 0 or less, with nothing written; null if the text does
+ *         not fit, with a NUL at index 0 (the other bytes of the buffer may then have changed).
  */
 char *TQANSI_itoa(int32_t value, char *buffer, int32_t size, int32_t radix) STRLIB_WRITES(2, 3) STRLIB_NOTHROW;
 
 /**
- * @brief Renders a format with the values of an argument vector into a buffer of bounded size.
+ * @brief Renders a format and the values of an argument vector into a buffer of a given size.
  *
- * Format bytes are stored as they stand, except:
- * - "%d" stores the slot's signed 32-bit integer in decimal. Its bound is the width, or 11 if there is none or it is
- *   larger: the number is written only if its text is shorter than the bound (so "%3d" writes -9 to 99, and nothing
- *   writes -1000000000 or below) and if bound bytes lie free before the last byte of the buffer. The width never pads.
- * - "%s" stores the string whose address the slot holds; nothing for null. A string is stored whole or not at all.
- * - "%c" stores the low 8 bits of the slot, 0 included.
- * - A width is a group of at most seven digits behind the '%'; of several groups in a row ("%12345678d" has two, of
- *   which the second is "8") the last counts. "%s" and "%c" ignore it.
- * - '%' and any other byte stores that byte ("%%" a '%'), but a backslash there begins an escape pair as everywhere; a
- *   '%' with nothing behind it but digits ends the output.
- * - A backslash and 'r', 't' or 'n' stores a carriage return, a tab or a line feed; a backslash and any other byte
- *   stores that byte, so that backslash and '%' stores a '%'; a backslash at the end stores itself.
+ * The bytes of the format are stored as they are, except:
+ * - "%d" stores the slot's signed 32-bit integer in decimal. Its bound is the width, but at most 11, and 11 without a
+ *   width. The number is written only if its text is shorter than the bound (so "%3d" writes -9 to 99, and no "%d"
+ *   writes -1000000000 or less), and only if as many bytes as the bound are free before the last byte of the buffer. A
+ *   width never pads.
+ * - "%s" stores the string whose address the slot holds, whole or not at all; nothing for null.
+ * - "%c" stores the low 8 bits of the slot, even if they are 0.
+ * - A width is a group of at most seven digits after the '%'. If several groups follow each other, the last one counts:
+ *   in "%12345678d" that is "8". "%s" and "%c" ignore it.
+ * - A '%' and any other byte stores that byte, so "%%" stores a '%'; if that byte is a backslash, an escape pair begins
+ *   there. A '%' at the end of the format, also with digits after it, ends the output.
+ * - A backslash followed by 'r', 't' or 'n' stores a carriage return, a tab or a line feed; followed by any other byte
+ *   it stores that byte, a '%' included; at the end of the format it stores itself.
  *
- * A plain byte or escape pair that no longer fits ends the output. A conversion that does not fit is left out and the
- * output goes on; it has used up its slot all the same. The result does not tell either: a buffer is large enough for
- * sure if it holds the plain bytes, the strings, one byte for each "%c" and 11 for each "%d", and 1 more.
+ * The output ends at the first plain byte or escape pair that does not fit. A conversion that does not fit is left out,
+ * but uses up its slot, and the output goes on. The result tells neither. A buffer is certainly large enough if it has
+ * room for the plain bytes, the strings, 1 byte for each "%c", 11 for each "%d", and the NUL.
  *
- * `"%d|%s|%c", {-7, "ab", 'Z'} -> "-7|ab|Z", result 8`, `size 4: "ab%sX", {"cd"} -> "abX", result 4`
+ * ```
+ * TQ_sprintf(d, 64, "%d|%s|%c", {-7, "ab", 90})  ->  8, d holds "-7|ab|Z"
+ * TQ_sprintf(d, 4, "ab%sX", {"cd"})              ->  4, d holds "abX"
+ * TQ_sprintf(d, 12, "%d", {5})                   ->  2, d holds "5"
+ * TQ_sprintf(d, 11, "%d", {5})                   ->  1, d holds ""
+ * ```
  * @param destination Room for size bytes, or null. It must not overlap the format or a string argument.
- * @param size The bytes of the destination, the NUL counted.
+ * @param size The size of the destination.
  * @param format A string, or null.
- * @param arguments One slot for each conversion of the format; not read (and may be null) if it has none. Where a slot
- *        is wider than the integer wanted, its low bits count.
- * @return The number of bytes stored, the NUL counted; 0 for a null destination or format; else -1 for a size of 0. In
- *         the last two cases nothing is written. Bytes behind the NUL may have been changed within the size.
+ * @param arguments One slot for each conversion of the format, in their order; not read (and may be null) if it has
+ *        none. If a slot is wider than its integer, the low bits count.
+ * @return The number of bytes stored, the NUL included; 0 if the destination or the format is null, else -1 if the size
+ *         is 0, with nothing written in either case. Bytes of the destination after the NUL may have changed.
  */
 int32_t TQ_sprintf(char *destination, uint32_t size, const char *format, const intptr_t *arguments)
     STRLIB_WRITES(1, 2) STRLIB_NOTHROW;
 
 /**
- * @brief Reads fields out of a text as a format tells, through an argument vector of destination addresses.
+ * @brief Reads fields out of a text, as a format says, into the destinations of an argument vector.
  *
- * Blanks at the start of the input are passed over, and after that only where the format asks. Format bytes must be
- * repeated by the input, except:
- * - A space passes over any number of blanks, none included.
- * - A backslash and 'r', 't' or 'n' matches a carriage return, a tab or a line feed; a backslash and a space is a
- *   space; a backslash and any other byte matches that byte; a backslash at the end ends the scan. At the very start of
- *   the format such pairs of 'r', 't' and 'n', one or several, with or without a '%' before them, also match a byte of
- *   theirs anywhere among the blanks passed over at the start, and several pairs may match the same one.
+ * Blanks at the start of the input are skipped, others only where the format says so. Each byte of the format matches
+ * an equal byte of the input, except:
+ * - A space skips any number of blanks, also none.
+ * - A backslash followed by 'r', 't' or 'n' matches a carriage return, a tab or a line feed; followed by a space it is
+ *   a space; followed by any other byte it matches that byte; at the end of the format it ends the scan. While the
+ *   format has held only pairs of a backslash and 'r', 't' or 'n' (a '%' before one is ignored), each of them also
+ *   matches an equal byte among the leading blanks that were skipped; one byte may serve several.
  * - "%c" stores the next byte, whatever it is.
- * - "%s" stores the bytes up to the next blank, "%[^x]" those up to the next byte x, each with a NUL. A width w of 2 or
- *   more bounds the field to w - 1 bytes and the NUL; the rest stays in the input. A field of no bytes or a width of 1
- *   stores an empty string and fails; a width of 0 stores nothing and fails.
- * - "%i" and "%u" store what TQANSI_atoi() reads here, also if they then fail. They take a '-' and decimal digits from
- *   the input and fail without a digit. 'l', 'h' or 'b' before the letter stores the low 32, 16 or 8 bits; 32 without
- *   any, but a letter stays in force for the later numbers of the call, also where its own directive ends as a plain
- *   byte. The width is ignored.
- * - "%n" stores how many input bytes have been passed over so far, as 32 bits.
- * - A width is a group of at most seven digits behind the '%', before the size letter; of several groups in a row the
- *   last counts.
- * - '%' and any other byte matches that byte ("%%" a '%', "%d" a 'd'); so does a size letter that neither 'i' nor 'u'
- *   follows ("%hd" matches 'd'), '[' and a byte other than '^' ("%[abc]" matches "abc]"), and "[^x" with a byte other
- *   than ']' behind it, which matches that byte. A space or a backslash in such a place does what it does everywhere.
- *   A format that ends inside a directive ends the scan.
+ * - "%s" stores the bytes up to the next blank, "%[^x]" those up to the next byte x, each followed by a NUL. A width w
+ *   of 2 or more limits the field to w - 1 bytes; the rest stays in the input. If the field is empty or the width is 1,
+ *   an empty string is stored and the conversion fails; if the width is 0, nothing is stored and it fails.
+ * - "%i" and "%u" take an optional '-' and decimal digits from the input, and fail if there is no digit. Either way
+ *   they store what TQANSI_atoi() reads at that place: 32, 16 or 8 bits of it after the size letter 'l', 'h' or 'b',
+ *   and 32 before any size letter. A size letter stays in force for the later numbers of the call, even if its own
+ *   directive turns out to be a plain byte. The width is ignored.
+ * - "%n" stores the number of input bytes used so far, as 32 bits.
+ * - A width is a group of at most seven digits after the '%' and before the size letter. If several groups follow each
+ *   other, the last one counts.
+ * - A '%' before any other byte is ignored, so "%%" matches a '%' and "%d" a 'd'. So are "%" and a size letter before
+ *   any byte but 'i' and 'u' ("%hd" matches 'd'), "%[" before any byte but '^' ("%[abc]" matches "abc]"), and "%[^x"
+ *   before any byte but ']'. A format that ends inside a directive ends the scan.
  *
- * The scan stops at the first byte that the input does not repeat and at the first conversion that fails. What was
- * stored before stays.
+ * The scan stops at the first byte that does not match and at the first conversion that fails. What has been stored by
+ * then stays.
  *
- * `"key=value", "%[^=]=%s" -> 2`, `"70000 70000", "%hi %i" -> 2, both 16 bits, 4464`, `"0x1F", "%i%n" -> 1, 31 and 1`
+ * ```
+ * TQ_sscanf("key=value", "%[^=]=%s", ...)  ->  2: "key", "value"
+ * TQ_sscanf("70000 70000", "%hi %i", ...)  ->  2: 4464, 4464, 16 bits each
+ * TQ_sscanf("0x1F", "%i%n", ...)           ->  1: 31, 1
+ * TQ_sscanf("hello", "%4s%s", ...)         ->  2: "hel", "lo"
+ * TQ_sscanf("x", "%i", ...)                ->  0: 0
+ * TQ_sscanf("x", "y%i", ...)               ->  -1
+ * ```
  * @param input A string, or null.
  * @param format A string, or null.
- * @param arguments For each conversion that can be reached, the address of a byte ("%c"), of bytes enough for the field
- *        and its NUL ("%s", "%[^x]"), or of an integer of the width named, aligned as such; not read (and may be null)
- *        if no conversion is reached. No destination may be null or overlap the input or the format.
- * @return The number of conversions that succeeded, "%n" not counted; -1 if no conversion was reached (reaching "%n"
+ * @param arguments For each conversion that can be reached, the address of its destination: a byte for "%c", room for
+ *        the field and its NUL for "%s" and "%[^x]", else an integer of the size stored, aligned as such. Not read (and
+ *        may be null) if no conversion is reached. No destination may be null or overlap the input or the format.
+ * @return The number of conversions that succeeded, not counting "%n"; -1 if no conversion was reached (reaching "%n"
  *         makes it 0), or if the input or the format is null or empty.
  */
 int32_t TQ_sscanf(const char *input, const char *format, const intptr_t *arguments) STRLIB_NOTHROW;
@@ -444,45 +528,50 @@ int32_t TQ_sscanf(const char *input, const char *format, const intptr_t *argumen
  */
 
 /**
- * @brief Takes one line out of a text, without its line feed and without any carriage return.
+ * @brief Takes one line out of a text, without its line feed and without any carriage returns.
  *
- * A line ends at a line feed, at the text's NUL, or when size bytes have been stored; the next piece of a longer line
- * is left to the next call. Step through a text by calling again on the source advanced by the result plus 1, until the
- * byte at the result is the NUL. With one more than the longest line wanted as the size, a full destination tells a
- * line that is too long.
+ * A line ends at a line feed, at the text's NUL, or when size bytes have been stored; the rest of a longer line is left
+ * to the next call. To go through a text, call again at the source plus the result plus 1, until the byte at the result
+ * is the NUL. To recognise lines that are too long, pass one more than the longest line allowed as the size: such a
+ * line fills the destination.
  *
- * `"he\rllo\r\nworld", 10 -> "hello", result 7`, `"abcdef", 3 -> "abc", result 2`
+ * ```
+ * X_TAMBRO_gets(d, 10, "he\rllo\r\nworld")  ->  7, d holds "hello"
+ * X_TAMBRO_gets(d, 3, "abcdef")             ->  2, d holds "abc"
+ * ```
  * @param destination Room for size + 1 bytes (one more than the size), not null.
  * @param size The most bytes to store, the NUL not counted; 1 or more. Carriage returns do not count.
  * @param source A string, not null. It must not overlap the destination.
- * @return The index in the source of the byte read last: the line feed, the NUL, or the last byte stored.
+ * @return The index in the source of the last byte read: the line feed, the NUL, or the last byte stored.
  */
-int32_t X_TAMBRO_gets(char *destination, int32_t size, const char *source) STRLIB_NONNULL(1, 3)
-    STRLIB_WRITES(1, 2) STRLIB_NOTHROW;
+int32_t X_TAMBRO_gets(char *destination, int32_t size, const char *source) STRLIB_NONNULL(1, 3) STRLIB_NOTHROW;
 
 /**
- * @brief Finds the first token of a string, a longest run of bytes that are no delimiters, and its length.
+ * @brief Finds the first token of a string, and its length.
  *
- * The next token is found by a call on the result advanced by the length, as long as tokens are shorter than 65536
- * bytes (TQ_strtoken() knows no such limit).
+ * A token is a run of bytes that are not delimiters, as long as possible. To find the next one, call again at the
+ * result plus the length. This needs tokens of less than 65536 bytes; TQ_strtoken() has no such limit.
  *
- * `",,a,b", "," -> position 2, length 1`, `"abc", "" -> position 0, length 3`
+ * ```
+ * TQ_strtoklen(",,a,b", ",", &length)  ->  position 2, length 1
+ * TQ_strtoklen("abc", "", &length)     ->  position 0, length 3
+ * ```
  * @param string A string, or null.
  * @param delimiters A string whose bytes are the delimiters, or null.
- * @param length Receives the low 16 bits of the token's length, and 0 whenever the result is null; may be null.
- * @return The token's first byte; null if the string holds delimiters only or nothing, or if either string is null.
+ * @param length Receives the low 16 bits of the token's length, or 0 if the result is null; may be null.
+ * @return The token's first byte; null if the string is empty or holds only delimiters, or if either string is null.
  */
 char *TQ_strtoklen(const char *string, const char *delimiters, uint16_t *length) STRLIB_NOTHROW;
 
 /**
- * @brief Finds the first token of a string, a longest run of bytes that are no delimiters, and its end.
+ * @brief Finds the first token of a string, and its end.
  *
- * The next token is found by a call on the end.
+ * A token is a run of bytes that are not delimiters, as long as possible. To find the next one, call again at the end.
  * @param string A string, or null.
  * @param delimiters A string whose bytes are the delimiters, or null.
- * @param end Receives the address of the byte behind the token (a delimiter or the NUL); left as it was whenever the
- *        result is null; may be null.
- * @return The token's first byte; null if the string holds delimiters only or nothing, or if either string is null.
+ * @param end Receives the address of the byte after the token (a delimiter or the NUL); keeps its value if the result
+ *        is null; may be null.
+ * @return The token's first byte; null if the string is empty or holds only delimiters, or if either string is null.
  */
 char *TQ_strtoken(const char *string, const char *delimiters, char **end) STRLIB_NOTHROW;
 
@@ -496,27 +585,38 @@ char *TQ_strtoken(const char *string, const char *delimiters, char **end) STRLIB
 /**
  * @brief Encodes a code point in one to six bytes.
  *
- * The original, wide form of UTF-8: surrogates and the values above 0x10FFFF up to 0x7FFFFFFF are encoded like others.
+ * This is the original form of UTF-8, with up to six bytes: surrogates and values from 0x110000 to 0x7FFFFFFF are
+ * encoded like any other.
  *
- * `0x20AC -> E2 82 AC 00, result 3`, `0x80000000 -> 20 00, result 0`
+ * ```
+ * unicodeToUtf8(0x20AC, d)      ->  3, d holds E2 82 AC 00
+ * unicodeToUtf8(0x80000000, d)  ->  0, d holds 20 00
+ * ```
  * @param codePoint The value.
- * @param buffer Room for the sequence and a NUL (7 bytes suffice for every value), not null. Nothing else is written.
- * @return The length of the sequence, 1 to 6; 0 for a value from 0x80000000 up, with a space and a NUL written.
+ * @param buffer Room for the sequence and a NUL (7 bytes hold any), not null. Nothing else is written.
+ * @return The length of the sequence, 1 to 6; 0 for a value of 0x80000000 or more, with a space and a NUL written.
  */
 int32_t unicodeToUtf8(uint32_t codePoint, char *buffer) STRLIB_NONNULL(2) STRLIB_NOTHROW;
 
 /**
  * @brief Decodes the character at the start of a text, of one to six bytes.
  *
- * Overlong forms of three bytes and more, surrogates and values above 0x10FFFF are decoded like others. A byte of 0x80
- * to 0xBF in first place counts as a character of its own with bit 7 cleared. The NUL decodes as 0 with the length 1
- * and a result behind it: the caller must stop there.
+ * Overlong forms of three bytes and more, surrogates and values above 0x10FFFF are decoded like any other. A first byte
+ * of 0x80 to 0xBF is a character of its own, with bit 7 cleared. The NUL decodes as 0 with length 1, and the result
+ * then points past it: the caller must stop there.
  *
- * What fails: 0xC0 and 0xC1 (the code point receives the lead's payload, 0 or 0x40); 0xFE and 0xFF (the code point
- * keeps its value); a byte that is no continuation byte (0x80 to 0xBF) where one must stand (the code point receives
- * the payload read so far, in place). No byte after the one that failed is read.
+ * Decoding fails at
+ * - 0xC0 and 0xC1, where the code point receives the bits of this byte that belong to it, 0 or 0x40;
+ * - 0xFE and 0xFF, where the code point keeps its value;
+ * - a byte other than 0x80 to 0xBF where a continuation byte must stand: the code point receives the bits read so far,
+ *   in their places.
  *
- * `E2 82 AC -> 0x20AC, length 3, input + 3`, `E2 82 00 -> 0x2080, length 0, input + 1`
+ * No byte after the one at which decoding fails is read.
+ *
+ * ```
+ * utf8ToUnicode at E2 82 AC  ->  0x20AC, length 3, input + 3
+ * utf8ToUnicode at E2 82 00  ->  0x2080, length 0, input + 1
+ * ```
  * @param input A string, not null.
  * @param codePoint Receives the value; not null. Of no use if the length is 0.
  * @param length Receives the bytes used, 1 to 6; 0 on failure; not null.
@@ -528,25 +628,29 @@ char *utf8ToUnicode(const char *input, uint32_t *codePoint, int32_t *length) STR
  * @brief Checks and copies the character at the start of a text, of one to four bytes.
  *
  * Valid are 0x00 to 0x7F, and a lead byte of 0xC2 to 0xF7 with its one to three continuation bytes (0x80 to 0xBF),
- * whatever value they encode. Step through a text by calling again on the result, until it equals its argument.
+ * whatever value they encode. To go through a text, call again at the result, until it equals the input.
  *
- * `C3 A9 78 -> 1, C3 A9 00, input + 2`, `E2 82 00 -> 0, 00 82, input + 1`, `00 -> 1, 00, input`
- * @param input A string, not null. No byte after the first that does not belong is read.
+ * ```
+ * utf8ReadChar at C3 A9 78  ->  valid 1, character C3 A9 00, input + 2
+ * utf8ReadChar at E2 82 00  ->  valid 0, character 00 82,    input + 1
+ * utf8ReadChar at 00        ->  valid 1, character 00,       input
+ * ```
+ * @param input A string, not null. No byte after the first one that does not belong to the character is read.
  * @param valid Receives 1 for a valid character or the NUL, else 0; may be null.
- * @param character Room for 5 bytes: receives the character's bytes and a NUL, and an empty string for an invalid
- *        character, whose continuation bytes stand at index 1 and up as far as they were read; may be null.
- * @return The input behind the character; the input + 1 for an invalid one; the input itself at the NUL.
+ * @param character Room for 5 bytes, or null. Receives the character's bytes and a NUL. For an invalid character it
+ *        receives an empty string, and from index 1 on the continuation bytes that were read.
+ * @return The input after the character; the input + 1 for an invalid one; the input itself at the NUL.
  */
 char *utf8ReadChar(const char *input, int32_t *valid, char *character) STRLIB_NONNULL(1) STRLIB_NOTHROW;
 
 /**
- * @brief Finds the first place in a string where any character of a UTF-8 set stands.
+ * @brief Finds the first position in a string at which any character of a UTF-8 set stands.
  *
  * The set is read as characters of one to four bytes, each as long as its first byte says (0x01 to 0x7F: 1, 0xC0 to
- * 0xDF: 2, 0xE0 to 0xEF: 3, 0xF0 to 0xF7: 4) whatever bytes follow; one that the set's end cuts short is ignored. At
- * each position of the string (each byte, not each character) the set is gone through in order; where that meets a byte
- * of 0x80 to 0xBF or 0xF8 to 0xFF in a first place, the whole search ends. The cost grows with the product of both
- * lengths.
+ * 0xDF: 2, 0xE0 to 0xEF: 3, 0xF0 to 0xF7: 4) whatever bytes follow; one that is cut short by the end of the set is
+ * ignored. At each byte of the string, also inside its characters, the members of the set are tried in order. If the
+ * first byte of the next member is 0x80 to 0xBF or 0xF8 to 0xFF, the whole search ends. The time grows with the product
+ * of both lengths.
  * @param string A string, or null.
  * @param set A string, or null.
  * @return The position; null if there is none, if either string is empty or null, or if the search ended.
@@ -558,32 +662,43 @@ char *TQANSI_strpbrkUTF8(const char *string, const char *set) STRLIB_PURE STRLIB
 /**
  * @defgroup arithmetic String arithmetic
  *
- * A string is read as a number in base 256 whose last byte is the least significant digit.
+ * A string is taken as a number in base 256 whose last byte is the least significant digit.
  * @{
  */
 
 /**
  * @brief Subtracts the last four bytes of a string from those of another.
  *
- * `"b", "a" -> 1`, `"BA", "AA" -> 256`, `"", "a" -> -97`, `"\x80", "" -> -128`
+ * ```
+ * string_operator_diff("b", "a")    ->  1
+ * string_operator_diff("BA", "AA")  ->  256
+ * string_operator_diff("", "a")     ->  -97
+ * string_operator_diff("\x80", "")  ->  -128
+ * ```
  * @param first A string, not null.
  * @param second A string, not null.
- * @return The sum of (A - B) * 256^k modulo 2^32 over the positions k = 0 to 3 from the end, A and B being the signed
- *         bytes there, 0 where a string is shorter. Bytes further from the end take no part.
+ * @return The sum of (A - B) * 256^k modulo 2^32 for k = 0 to 3, where A and B are the signed bytes at position k from
+ *         the end, or 0 if a string is not that long. Bytes further from the end do not count.
  */
 int32_t string_operator_diff(const char *first, const char *second) STRLIB_PURE STRLIB_NONNULL(1, 2) STRLIB_NOTHROW;
 
 /**
  * @brief Adds an integer to a string, byte by byte from the end and without carry.
  *
- * The lowest byte of the addend is added to the last byte of the source, modulo 256, the next byte to the one before
- * it, and so on. The addend is shifted arithmetically; once a shift leaves 0 or -1, nothing more is added. A source
- * shorter than four bytes grows to the front for as long as anything of the addend is left. A byte that becomes 0 ends
- * the result like any NUL.
+ * The lowest byte of the addend is added to the last byte of the source, modulo 256, its next byte to the byte before
+ * that, and so on. The addend is shifted arithmetically; once a shift leaves 0 or -1, nothing more is added. A source
+ * of less than four bytes grows at the front while any of the addend is left. A byte that becomes 0 ends the result, as
+ * any NUL does.
  *
- * `"a" + 1 -> "b"`, `"a" + 256 -> "\x01" "a"`, `"ab" + 257 -> "bc"`, `"a" + -1 -> "\x60"`, `"\xFF" + 1 -> ""`
- * @param destination Room for the source's length plus 1 bytes and for at least 5, not null. May be the source itself;
- *        any other overlap is out of contract.
+ * ```
+ * string_operator_add(d, "a", 1)     ->  d holds "b"
+ * string_operator_add(d, "a", 256)   ->  d holds "\x01" "a"
+ * string_operator_add(d, "ab", 257)  ->  d holds "bc"
+ * string_operator_add(d, "a", -1)    ->  d holds "\x60"
+ * string_operator_add(d, "\xFF", 1)  ->  d holds ""
+ * ```
+ * @param destination Room for the source's length plus 1 bytes, but for 5 at least; not null. It may be the source
+ *        itself; any other overlap is out of contract.
  * @param source A string, not null.
  * @param addend The integer to add.
  * @return The destination.
@@ -591,6 +706,10 @@ int32_t string_operator_diff(const char *first, const char *second) STRLIB_PURE 
 char *string_operator_add(char *destination, const char *source, int32_t addend) STRLIB_NONNULL(1, 2) STRLIB_NOTHROW;
 
 /** @} */
+
+#if defined(__GNUC__)
+#include "strlib_checks.h"
+#endif
 
 #ifdef __cplusplus
 }

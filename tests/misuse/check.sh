@@ -1,35 +1,85 @@
 #!/usr/bin/env bash
-# What compilers say about the public header and its use: check.sh header|calls.
+# What compilers say about the public header and its use, and its version: check.sh header|calls|imports|version.
 set -euo pipefail
+export LC_ALL=C
 
 here=$(cd "$(dirname "$0")" && pwd)
 include=$here/../../strlib/include
-warnings=(-Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion)
+strict=(-Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wundef -Wcast-qual -Wmissing-declarations)
+# The compiler that `clang` stands for, and every other that is installed.
+mapfile -t clangs < <(compgen -c clang | grep -xE 'clang(-[0-9]+)?' | sort -u)
+
+# inEveryLanguage COMMAND...: runs it with a compiler and its options appended.
+inEveryLanguage() {
+    local standard level clang
+    for standard in c99 c11 c17 c++11 c++17 c++20; do
+        local options=(-x c "-std=$standard" "${strict[@]}")
+        [[ $standard == c++* ]] && options=(-x c++ "-std=$standard" "${strict[@]}" -Wold-style-cast)
+        for level in -O0 -Og -O2 -Os; do "$@" gcc "${options[@]}" $level; done
+        for clang in "${clangs[@]}"; do
+            for level in -O0 -O2; do "$@" "$clang" "${options[@]}" $level; done
+        done
+    done
+}
 
 # The header alone, without a word from any compiler in any language that it claims.
 header() {
-    local standard
-    for standard in c99 c11; do
-        gcc -x c -std=$standard "${warnings[@]}" -Werror -fsyntax-only -I "$include" - <<<'#include <strlib.h>'
-        clang -x c -std=$standard "${warnings[@]}" -Werror -fsyntax-only -I "$include" - <<<'#include <strlib.h>'
-    done
-    warnings+=(-Wold-style-cast)
-    for standard in c++11 c++17 c++20; do
-        g++ -x c++ -std=$standard "${warnings[@]}" -Werror -fsyntax-only -I "$include" - <<<'#include <strlib.h>'
-        clang++ -x c++ -std=$standard "${warnings[@]}" -Werror -fsyntax-only -I "$include" - <<<'#include <strlib.h>'
-    done
+    "$@" -Werror -I "$include" -c - -o /dev/null <<<'#include <strlib.h>' || { echo "header: $*" >&2 && return 1; }
 }
 
-# The lines of calls.cpp that draw a warning, against the lines that name one.
+# Line and kind of each warning. One about an inline form in the header counts where that form was called.
+kinds() {
+    sed -nE 's|^ +inlined from .* at [^:]*calls\.c:([0-9]+):.*|at \1|p
+        s|^[^:]*calls\.c:([0-9]+):.* warning: .*\[(-W[a-z-]+)=*\]$|at \1\n\2|p
+        s|^[^:]*\.h:[0-9]+:.* warning: .*\[(-W[a-z-]+)=*\]$|\1|p' |
+        awk '$1 == "at" {line = $2; next} {print line, $1}' |
+        sed -E 's/-Wnonnull/null/; s/-Wunused-(value|result)/dropped/
+            s/-W(stringop-over(flow|read)|attribute-warning|user-defined-warnings)/room/' | sort -u -k 1,1n -k 2
+}
+
+# The lines of calls.c that draw a warning, against the lines that say so. With little optimisation GCC may miss some.
 calls() {
-    local drawn
-    drawn=$(LC_ALL=C g++ -std=c++20 -O2 "${warnings[@]}" -I "$include" -c "$here/calls.cpp" -o /dev/null 2>&1) ||
-        { echo "$drawn" >&2 && return 1; }
-    diff <(sed -En 's|.*// (-W[a-z-]+)$|\1|;T;=;p' "$here/calls.cpp" | paste -d ' ' - -) \
-        <(sed -En 's|^[^:]*:([0-9]+):.*\[(-W[a-z-]+)=*\]$|\1 \2|p' <<<"$drawn" | sort -n -u)
+    local drawn said
+    drawn=$("$@" -I "$include" -c "$here/calls.c" -o /dev/null 2>&1) || { echo "$drawn" >&2 && return 1; }
+    drawn=$(kinds <<<"$drawn")
+    said=$(sed -En 's|.*;  */\* ([a-z]+) \*/$|\1|;T;=;p' "$here/calls.c" | paste -d ' ' - -)
+    if [[ $1 == gcc && ${!#} == -O[0g] ]]; then
+        ! grep -vxF "$said" <<<"$drawn"
+    else
+        diff <(echo "$said") <(echo "$drawn")
+    fi || { echo "calls: $*" >&2 && return 1; }
+}
+
+# What calls.c imports are the routines and its own functions: the warnings add no call of anything else, not even where
+# counters for coverage keep branches alive.
+imports() {
+    local language options object imported
+    local expected='TQ|X_TAMBRO_|utf8|unicodeTo|customS|string_operator_|use|fill|_GLOBAL_OFFSET_TABLE_|__gcov'
+    object=$(mktemp -d)
+    for language in c c++; do
+        for options in -Og -O2 '-O2 --coverage'; do
+            # shellcheck disable=SC2086
+            gcc -x $language $options -w -I "$include" -c "$here/calls.c" -o "$object/calls.o"
+            imported=$(nm -u "$object/calls.o" | awk '{print $2}' | c++filt | grep -vE "^($expected)" || true)
+            [[ -z $imported ]] || { echo "imports: $language $options: $imported" >&2 && return 1; }
+        done
+    done
+    rm -r "$object"
+}
+
+# The version in the header, in the build and at the top of the changelog are one.
+version() {
+    local root=$here/../.. stated built logged
+    stated=$(gcc -x c -E -P -I "$include" - <<<'#include <strlib.h>
+version STRLIB_VERSION_MAJOR.STRLIB_VERSION_MINOR.STRLIB_VERSION_PATCH' | sed -n 's/^version //p' | tr -d ' ')
+    built=$(sed -nE 's/^project\(strlib VERSION ([0-9.]+) .*/\1/p' "$root/CMakeLists.txt")
+    logged=$(sed -nE 's/^## ([0-9.]+).*/\1/p' "$root/CHANGELOG.md" | head -1)
+    [[ -n $stated && $stated == "$built" && $stated == "$logged" ]] ||
+        { echo "version: strlib.h has '$stated', CMakeLists.txt '$built', CHANGELOG.md '$logged'" >&2 && return 1; }
 }
 
 case ${1-} in
-header | calls) "$1" ;;
-*) echo "check.sh: name a check, header or calls" >&2 && exit 2 ;;
+header | calls) inEveryLanguage "$1" ;;
+imports | version) "$1" ;;
+*) echo "check.sh: name a check: header, calls, imports or version" >&2 && exit 2 ;;
 esac

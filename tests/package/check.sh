@@ -66,7 +66,7 @@ consumeByPkgConfig() {
 expectedFiles() {
     local libraries
     libraries=lib/$(c++ -print-multiarch)
-    printf '%s\n' include/strlib.h "$libraries/libstrlib.a" "$libraries/pkgconfig/strlib.pc" \
+    printf '%s\n' include/strlib{.h,.hpp,_checks.h} "$libraries/libstrlib.a" "$libraries/pkgconfig/strlib.pc" \
         "$libraries/cmake/strlib/strlibConfig.cmake" "$libraries/cmake/strlib/strlibConfig-release.cmake" \
         "$libraries/cmake/strlib/strlibConfigVersion.cmake" share/man/man3/strlib.3
     nm -g --defined-only "$shared/libstrlib.a" | awk '$2 ~ /^[Ti]$/ && $3 !~ /[.]/ {print "share/man/man3/" $3 ".3"}'
