@@ -64,10 +64,10 @@ Field plain(const Field &text) {
     return result;
 }
 
-bool contains(const Record &record, const Field &text, const Field &plainText) {
+bool contains(const Record &record, const Field &plainText) {
     return TQ_stristr(record.plainName.data(), plainText.data()) != nullptr ||
            TQ_stristr(record.plainCountry.data(), plainText.data()) != nullptr ||
-           TQ_stristr(record.ownName.data(), text.data()) != nullptr;
+           TQ_stristr(record.plainOwnName.data(), plainText.data()) != nullptr;
 }
 
 }  // namespace
@@ -93,7 +93,7 @@ std::vector<Record> containing(std::span<const Record> records, const Field &tex
     const Field plainText = plain(text);
     std::vector<Record> found;
     std::copy_if(records.begin(), records.end(), std::back_inserter(found),
-                 [&](const Record &record) { return contains(record, text, plainText); });
+                 [&](const Record &record) { return contains(record, plainText); });
     return found;
 }
 

@@ -164,5 +164,5 @@ void printTable(std::span<const Record> records, std::FILE *output) {
     for (const Record &record : records) printRow(record, widths, output);
     printRule(widths, output);
     printTotals(records, output);
-    if (!records.empty()) printInitials(records, output);
+    printInitials(records, output);
 }

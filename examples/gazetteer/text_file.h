@@ -11,6 +11,9 @@ struct Problem {
     const char *reason;
 };
 
+// The name that stands for the standard input.
+bool isStandardInput(const char *path);
+
 // Reads a whole file as one string, its NUL included. After a problem the text is of no use.
 std::optional<Problem> readTextFile(const char *path, std::vector<char> &text);
 
