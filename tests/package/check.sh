@@ -193,7 +193,7 @@ readme)
     block c 'int main' >hello/hello.c
     { echo set -e && block sh 'cmake --install' && block sh 'cmake -S hello'; } >"$scratch/commands"
     onlyThesePrograms "$scratch/bin" make c++ cc as ld ar ranlib
-    said=$(env -i HOME="$scratch" PATH="$scratch/bin" /bin/sh "$scratch/commands" 2>&1)
+    said=$(env -i HOME="$scratch" PATH="$scratch/bin" /bin/sh "$scratch/commands" 2>&1) || fail "$said"
     same "what hello prints" "$(sed -n 's|.*; *// ||p' hello/hello.c)" "$(tail -1 <<<"$said")"
     same "lines about the manual" 1 "$(grep -c 'Without Doxygen' <<<"$said")"
     same "files installed" "$(expectedFiles lib | sort)" "$(filesBelow "$scratch/strlib")"
