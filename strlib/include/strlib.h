@@ -457,8 +457,7 @@ int32_t TQ_sscanf(const char *input, const char *format, const intptr_t *argumen
  * @param source A string, not null. It must not overlap the destination.
  * @return The index in the source of the byte read last: the line feed, the NUL, or the last byte stored.
  */
-int32_t X_TAMBRO_gets(char *destination, int32_t size, const char *source) STRLIB_NONNULL(1, 3)
-    STRLIB_WRITES(1, 2) STRLIB_NOTHROW;
+int32_t X_TAMBRO_gets(char *destination, int32_t size, const char *source) STRLIB_NONNULL(1, 3) STRLIB_NOTHROW;
 
 /**
  * @brief Finds the first token of a string, a longest run of bytes that are no delimiters, and its length.
@@ -591,6 +590,10 @@ int32_t string_operator_diff(const char *first, const char *second) STRLIB_PURE 
 char *string_operator_add(char *destination, const char *source, int32_t addend) STRLIB_NONNULL(1, 2) STRLIB_NOTHROW;
 
 /** @} */
+
+#if defined(__GNUC__)
+#include "strlib_checks.h"
+#endif
 
 #ifdef __cplusplus
 }
