@@ -1,6 +1,6 @@
 #include "characters.h"
 
-#include <strlib.h>
+#include <strlib.hpp>
 
 #include <algorithm>
 #include <iterator>
@@ -8,8 +8,8 @@
 namespace {
 
 struct Range {
-    uint32_t first;
-    uint32_t last;
+    char32_t first;
+    char32_t last;
 };
 
 // Marks that stand on, above or below the character before them, of the scripts that capitals are written in.
@@ -31,39 +31,35 @@ constexpr Range doubleWidth[] = {
 
 // Which of the ranges, in ascending order, holds a code point; null if none does.
 template <class Range, size_t count>
-const Range *findRange(const Range (&ranges)[count], uint32_t codePoint) {
-    const auto endsBefore = [](const Range &range, uint32_t value) { return range.last < value; };
+const Range *findRange(const Range (&ranges)[count], char32_t codePoint) {
+    const auto endsBefore = [](const Range &range, char32_t value) { return range.last < value; };
     const Range *const found = std::lower_bound(std::begin(ranges), std::end(ranges), codePoint, endsBefore);
     return found != std::end(ranges) && found->first <= codePoint ? found : nullptr;
 }
 
-uint32_t decode(const char *at) {
-    uint32_t codePoint = 0;
-    int32_t length = 0;
-    utf8ToUnicode(at, &codePoint, &length);
-    return codePoint;
-}
-
 // The decoder takes any value in any length. A character that is encoded anew gives the same bytes only if they are its
 // shortest form.
-bool isStrict(const char *character) {
-    const uint32_t codePoint = decode(character);
-    if (codePoint > 0x10FFFF || (codePoint >= 0xD800 && codePoint <= 0xDFFF)) return false;
+bool isStrict(std::string_view character) {
+    const char *at = character.data();
+    const auto codePoint = strlib::nextCodePoint(at);
+    if (!codePoint || *codePoint > 0x10FFFF || (*codePoint >= 0xD800 && *codePoint <= 0xDFFF)) return false;
     char shortest[7];
-    unicodeToUtf8(codePoint, shortest);
-    return TQANSI_strcmp(character, shortest) == 0;
+    return strlib::encode(shortest, *codePoint) == character;
 }
 
-bool isControl(uint32_t codePoint) { return codePoint < 0x20 || (codePoint >= 0x7F && codePoint <= 0x9F); }
+// The next character of a text in UTF-8 that has not ended, of which the text is moved on.
+char32_t nextOf(const char *&text) { return strlib::nextCodePoint(text).value_or(0); }
 
-int32_t columnsOf(uint32_t codePoint) {
+bool isControl(char32_t codePoint) { return codePoint < 0x20 || (codePoint >= 0x7F && codePoint <= 0x9F); }
+
+int32_t columnsOf(char32_t codePoint) {
     if (findRange(zeroWidth, codePoint) != nullptr) return 0;
     return findRange(doubleWidth, codePoint) != nullptr ? 2 : 1;
 }
 
 struct LatinRange {
-    uint32_t first;
-    uint32_t last;
+    char32_t first;
+    char32_t last;
     // The letters below the accents, one for each.
     const char *letters;
 };
@@ -83,10 +79,10 @@ constexpr LatinRange accented[] = {
 };
 
 struct Capitals {
-    uint32_t first;
-    uint32_t last;
+    char32_t first;
+    char32_t last;
     // What stands for the first of them.
-    uint32_t small;
+    char32_t small;
 };
 
 // Schwa, Greek with its accents and its final sigma, Cyrillic, Armenian.
@@ -101,7 +97,7 @@ constexpr Capitals capitals[] = {
 };
 
 // What a character counts as in comparisons.
-uint32_t plainCharacter(uint32_t codePoint) {
+char32_t plainCharacter(char32_t codePoint) {
     if (const LatinRange *const found = findRange(accented, codePoint)) {
         return static_cast<uint8_t>(found->letters[codePoint - found->first]);
     }
@@ -111,39 +107,37 @@ uint32_t plainCharacter(uint32_t codePoint) {
     return found != nullptr ? codePoint - found->first + found->small : codePoint;
 }
 
-bool isAccent(uint32_t codePoint) { return codePoint >= 0x300 && codePoint <= 0x36F; }
+bool isAccent(char32_t codePoint) { return codePoint >= 0x300 && codePoint <= 0x36F; }
 
 }  // namespace
 
 bool isUtf8(const char *text) {
     while (*text != 0) {
-        int32_t valid = 0;
-        char character[5];
-        text = utf8ReadChar(text, &valid, character);
-        if (!valid || !isStrict(character)) return false;
+        const auto character = strlib::nextCharacter(text);
+        if (!character || !isStrict(*character)) return false;
     }
     return true;
 }
 
 bool isPrintable(const char *text) {
     const char *const turningMarks = "\u2028\u2029\u202A\u202B\u202C\u202D\u202E\u2066\u2067\u2068\u2069\uFEFF";
-    if (TQANSI_strpbrkUTF8(text, turningMarks) != nullptr) return false;
-    for (; *text != 0; text = utf8ReadChar(text, nullptr, nullptr)) {
-        if (isControl(decode(text))) return false;
+    if (strlib::findAnyCharacterOf(text, turningMarks)) return false;
+    while (*text != 0) {
+        if (isControl(nextOf(text))) return false;
     }
     return true;
 }
 
 int32_t displayWidth(const char *text) {
     int32_t width = 0;
-    for (; *text != 0; text = utf8ReadChar(text, nullptr, nullptr)) width += columnsOf(decode(text));
+    while (*text != 0) width += columnsOf(nextOf(text));
     return width;
 }
 
 void copyPlain(char *destination, const char *source) {
     *destination = 0;
-    for (; *source != 0; source = utf8ReadChar(source, nullptr, nullptr)) {
-        const uint32_t codePoint = decode(source);
+    while (*source != 0) {
+        const char32_t codePoint = nextOf(source);
         if (!isAccent(codePoint)) destination += unicodeToUtf8(plainCharacter(codePoint), destination);
     }
 }

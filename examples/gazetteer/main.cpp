@@ -1,6 +1,6 @@
 // Prints a gazetteer of capitals from a file of records, and finds records in it.
 
-#include <strlib.h>
+#include <strlib.hpp>
 
 #include <cstdio>
 #include <new>
@@ -21,7 +21,7 @@ void complain(const char *file, Problem problem) {
     std::fputs(":", stderr);
     if (problem.line != 0) {
         char line[12];
-        std::fputs(TQANSI_itoa(problem.line, line, sizeof line, 10), stderr);
+        std::fputs(strlib::toText(line, problem.line).value_or("?").data(), stderr);
         std::fputs(":", stderr);
     }
     std::fputs(" ", stderr);

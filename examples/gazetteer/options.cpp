@@ -1,6 +1,6 @@
 #include "options.h"
 
-#include <strlib.h>
+#include <strlib.hpp>
 
 #include "characters.h"
 #include "text_file.h"
@@ -15,7 +15,7 @@ const char *readText(const char *value, std::optional<Field> &text) {
     if (TQANSI_strlen(value) >= static_cast<int32_t>(field.size())) return "text too long behind";
     copyPlain(field.data(), value);
     if (TQ_isBlankLine(field.data())) return "blank text behind";
-    TQANSI_strcpy(field.data(), value);
+    strlib::copy(field, value);
     text = field;
     return nullptr;
 }

@@ -1,10 +1,9 @@
 #include "record.h"
 
-#include <strlib.h>
+#include <strlib.hpp>
 
 #include <optional>
 
-#include "arguments.h"
 #include "characters.h"
 
 namespace {
@@ -44,24 +43,17 @@ bool hasEmptyField(const char *line) {
 
 int32_t countFields(const char *line) {
     int32_t count = 0;
-    char *end = nullptr;
-    while (TQ_strtoken(line, separator, &end) != nullptr) {
-        line = end;
-        ++count;
-    }
+    while (strlib::nextToken(line, separator)) ++count;
     return count;
 }
 
 // Takes a field's bytes without the blanks around them.
-const char *takeField(const char *token, int32_t length, Field &field) {
-    while (length > 0 && belongsTo(blankClass, *token)) {
-        ++token;
-        --length;
-    }
-    while (length > 0 && belongsTo(blankClass, token[length - 1])) --length;
-    if (length == 0) return "empty field";
-    if (length >= static_cast<int32_t>(field.size())) return "field too long";
-    TQANSI_strncpy(field.data(), token, length);
+const char *takeField(std::string_view token, Field &field) {
+    while (!token.empty() && belongsTo(blankClass, token.front())) token.remove_prefix(1);
+    while (!token.empty() && belongsTo(blankClass, token.back())) token.remove_suffix(1);
+    if (token.empty()) return "empty field";
+    if (token.size() >= field.size()) return "field too long";
+    strlib::copy(field, token);
     return nullptr;
 }
 
@@ -70,10 +62,8 @@ const char *splitLine(const char *line, Fields &fields) {
     const int32_t count = countFields(line);
     if (count != fieldCount) return count < fieldCount ? "too few fields" : "too many fields";
     for (Field &field : fields) {
-        uint16_t length = 0;
-        line = TQ_strtoklen(line, separator, &length);
-        if (const char *const reason = takeField(line, length, field)) return reason;
-        line += length;
+        const auto token = strlib::nextToken(line, separator);
+        if (const char *const reason = takeField(token.value_or(""), field)) return reason;
     }
     return nullptr;
 }
@@ -84,19 +74,18 @@ std::optional<int32_t> readThousandths(const char *text) {
     const bool isNegative = *text == '-';
     if (isNegative) ++text;
     if (!isMadeOf(digitClass | pointClass, text)) return std::nullopt;
-    int32_t degrees = 0;
+    uint32_t degrees = 0;
     int32_t point = 0;
     // Three digits, and room for the zeros that make up for missing ones.
     char fraction[6] = "";
-    const intptr_t slots[] = {slot(&degrees), slot(&point), slot(fraction)};
-    const int32_t count = TQ_sscanf(text, "%u%n.%4s", slots);
+    const int32_t count = strlib::scan(text, "%u%n.%4s", degrees, point, fraction);
     if (count < 1 || (count == 1 && text[point] != 0)) return std::nullopt;
     if (count == 2 && !isMadeOf(digitClass, text + point + 1)) return std::nullopt;
-    TQANSI_strcat(fraction, "00");
+    strlib::append(fraction, "00");
     fraction[3] = 0;
     // More digits may have wrapped around; what stands for them is out of every range.
     if (point > 3) degrees = 999;
-    const int32_t thousandths = degrees * 1000 + TQANSI_atoi(fraction);
+    const int32_t thousandths = static_cast<int32_t>(degrees) * 1000 + TQANSI_atoi(fraction);
     return isNegative ? -thousandths : thousandths;
 }
 

@@ -1,6 +1,6 @@
 #include "text_file.h"
 
-#include <strlib.h>
+#include <strlib.hpp>
 
 #include <cerrno>
 #include <cstdio>
@@ -75,19 +75,19 @@ std::optional<Problem> readTextFile(const char *path, std::vector<char> &text) {
     return std::nullopt;
 }
 
-LineReader::LineReader(const char *text) : at_(behindByteOrderMark(text)) {}
+LineReader::LineReader(const char *text) : rest_(behindByteOrderMark(text)) {}
 
 bool LineReader::next() {
-    if (at_ == nullptr) return false;
+    const char *const start = rest_;
+    const char *const end = lineEnd(start);
+    const auto line = strlib::nextLine(line_, rest_);
+    if (!line) return false;
     ++number_;
-    const char *end = at_ + X_TAMBRO_gets(line_, maxLength + 1, at_);
     problem_ = nullptr;
-    if (TQANSI_strlen(line_) > maxLength) {
+    if (line->size() > maxLength)
         problem_ = "line too long";
-        end = lineEnd(end);
-    } else if (hasStrayReturn(at_, end)) {
+    else if (hasStrayReturn(start, end))
         problem_ = "carriage return inside the line";
-    }
-    at_ = *end == 0 ? nullptr : end + 1;
+    rest_ = *end == 0 ? end : end + 1;
     return true;
 }
