@@ -205,6 +205,16 @@ readme)
     if (cd "$scratch/source/build/use" && cpack -G DEB 2>"$scratch/refusal"); then fail "a package without the manual"; fi
     grep -q 'The package holds the manual' "$scratch/refusal" || fail "no package, but for another reason"
     ;;
+architecture)
+    # ARCHITECTURE's tables name every source, private header and routine, each routine with the source that defines it.
+    tables=$(sed -nE 's/^\| `(strlib\/[^`]*)` \|(.*)/\1 \2/p' "$source/ARCHITECTURE.md")
+    same "files" "$(cd "$source" && printf '%s\n' strlib/*.cpp strlib/core/* strlib/machine/* | sort)" \
+        "$(cut -d' ' -f1 <<<"$tables" | sort)"
+    same "routines by file" "$(nm -A -g --defined-only "$shared/libstrlib.a" |
+        sed -nE 's/.*:([a-z0-9_]+)\.cpp\.o:.* [A-Za-z] ([A-Za-z0-9_]+)$/\1 \2/p' | sort)" \
+        "$(sed -nE 's|^strlib/([a-z0-9_]+)\.cpp|\1|p' <<<"$tables" |
+            awk '{for (i = 2; i <= NF; ++i) if (split($i, part, "`") > 2 && part[2] != "memset") print $1, part[2]}' | sort)"
+    ;;
 toolchains)
     # Each configures as README lists it; where nothing but the library can be built, that is what the defaults build.
     for toolchain in "$source"/cmake/toolchains/*.cmake; do
