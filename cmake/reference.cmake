@@ -20,7 +20,8 @@ if(STRLIB_WERROR)
 endif()
 configure_file(${PROJECT_SOURCE_DIR}/docs/Doxyfile.in ${PROJECT_BINARY_DIR}/Doxyfile @ONLY)
 file(GLOB_RECURSE strlibManualSources CONFIGURE_DEPENDS
-  ${PROJECT_SOURCE_DIR}/docs/*.md ${PROJECT_SOURCE_DIR}/docs/*.svg ${PROJECT_SOURCE_DIR}/docs/reference/*)
+  ${PROJECT_SOURCE_DIR}/docs/*.md ${PROJECT_SOURCE_DIR}/docs/*.svg ${PROJECT_SOURCE_DIR}/docs/reference/*
+  ${PROJECT_SOURCE_DIR}/examples/porting/*.c)
 add_custom_command(OUTPUT ${STRLIB_DOCS_DIR}/built
   COMMAND ${CMAKE_COMMAND} -E rm -rf ${STRLIB_DOCS_DIR}
   COMMAND ${CMAKE_COMMAND} -E make_directory ${STRLIB_DOCS_DIR}
