@@ -192,6 +192,9 @@ readme)
     block cmake find_package >hello/CMakeLists.txt
     block c 'int main' >hello/hello.c
     { echo set -e && block sh 'cmake --install' && block sh 'cmake -S hello'; } >"$scratch/commands"
+    onlyThesePrograms "$scratch/bin" ninja c++ cc as ld ar ranlib
+    said=$(env -i HOME="$scratch" PATH="$scratch/bin" CMAKE_GENERATOR=Ninja /bin/sh "$scratch/commands" 2>&1) || fail "$said"
+    rm -r build hello/build "$scratch/strlib" "$scratch/bin"
     onlyThesePrograms "$scratch/bin" make c++ cc as ld ar ranlib
     said=$(env -i HOME="$scratch" PATH="$scratch/bin" /bin/sh "$scratch/commands" 2>&1) || fail "$said"
     same "what hello prints" "$(sed -n 's|.*; *// ||p' hello/hello.c)" "$(tail -1 <<<"$said")"
