@@ -23,6 +23,8 @@ file(GLOB strlibDocuments CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/*.md)
 install(FILES ${strlibDocuments} DESTINATION ${strlibDocDir})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${strlibDocDir}
   FILES_MATCHING PATTERN reference EXCLUDE PATTERN *.md PATTERN *.svg)
+file(GLOB strlibPortingExamples CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/examples/porting/*.c)
+install(FILES ${strlibPortingExamples} DESTINATION ${strlibDocDir}/examples/porting)
 if(STRLIB_HAS_MANUAL)
   install(DIRECTORY ${STRLIB_DOCS_DIR}/html DESTINATION ${strlibDocDir})
   install(DIRECTORY ${STRLIB_DOCS_DIR}/man/man3/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3)
