@@ -48,7 +48,7 @@ concept Destination = std::same_as<typename decltype(std::span(std::declval<Type
 namespace detail {
 
 /* The size of a destination where its type tells it, else std::dynamic_extent. */
-template <class Type>
+template <Destination Type>
 constexpr std::size_t extentOf = decltype(std::span(std::declval<Type &>()))::extent;
 
 template <class Type, class... Others>
@@ -190,7 +190,8 @@ consteval std::size_t check(Format format, std::span<const SlotCheck> slots) {
 
 template <class Argument>
 constexpr void checkOutput(const Step &step) {
-    constexpr bool isNumber = Number<Argument> && std::numeric_limits<Argument>::digits <= 31;
+    constexpr bool isNumber =
+        Number<Argument> && (sizeof(Argument) < 4 || (sizeof(Argument) == 4 && std::is_signed_v<Argument>));
     const bool fits = step.letter == 'd' ? isNumber : step.letter == 'c' ? Byte<Argument> : Text<Argument>;
     if (!fits) refused::argumentOfAnotherType();
     if (step.letter == 'd' && step.width < 2) refused::widthThatWritesNoNumber();
@@ -222,8 +223,10 @@ std::intptr_t slotOf(const Argument &value) {
         return reinterpret_cast<std::intptr_t>(value.c_str());
     else if constexpr (Text<Argument>)
         return reinterpret_cast<std::intptr_t>(static_cast<const char *>(value));
-    else
+    else if constexpr (std::integral<Argument>)
         return static_cast<std::intptr_t>(value);
+    else
+        return 0; /* refused by its format */
 }
 
 template <class Argument>

@@ -50,8 +50,9 @@
 #define STRLIB_LESSER(one, other) ((one) < (other) ? (one) : (other))
 #define STRLIB_GREATER(one, other) ((one) > (other) ? (one) : (other))
 
-/* The bytes of a source before its NUL. Null, which is never read, has none. */
-#define STRLIB_LENGTH(source, otherwise) STRLIB_IF_KNOWN((source) ? STRLIB_MEASURED(source) : 0, otherwise)
+/* The bytes of a source before its NUL. A source that may be null stands for an empty one then. */
+#define STRLIB_LENGTH(source, otherwise) STRLIB_IF_KNOWN(STRLIB_MEASURED(source), otherwise)
+#define STRLIB_OR_EMPTY(source) ((source) ? (source) : "")
 /* The bytes that a bounded copy takes of a source. */
 #define STRLIB_TAKEN(source, count) \
     STRLIB_LESSER((__SIZE_TYPE__)STRLIB_GREATER(count, 0), STRLIB_LENGTH(source, ~(__SIZE_TYPE__)0))
@@ -71,15 +72,17 @@
 #define STRLIB_WRITES_AND_NUL(array, bytes, message, name, result, parameters, arguments) \
     STRLIB_WARN_IF(__builtin_object_size(array, 1) <= (__SIZE_TYPE__)(bytes), message, \
         name, result, parameters, arguments)
-STRLIB_WRITES_AND_NUL(destination, STRLIB_LENGTH(source, 0), "no room for the source and its NUL",
+STRLIB_WRITES_AND_NUL(destination, STRLIB_LENGTH(STRLIB_OR_EMPTY(source), 0), "no room for the source and its NUL",
     TQANSI_strcpy, char *, (char *destination, const char *source), (destination, source))
-STRLIB_WRITES_AND_NUL(destination, STRLIB_LENGTH(source, 0), "no room for the source and its NUL",
+STRLIB_WRITES_AND_NUL(destination, STRLIB_LENGTH(STRLIB_OR_EMPTY(source), 0), "no room for the source and its NUL",
     TQANSI_strcat, char *, (char *destination, const char *source), (destination, source))
-STRLIB_WRITES_AND_NUL(destination, STRLIB_LENGTH(source, 0), "no room for the source and its NUL",
+STRLIB_WRITES_AND_NUL(destination, STRLIB_LENGTH(STRLIB_OR_EMPTY(source), 0), "no room for the source and its NUL",
     TQ_strappend, char *, (char *destination, const char *source), (destination, source))
-STRLIB_WRITES_AND_NUL(destination, STRLIB_TAKEN(source, count), "no room for count bytes and the NUL behind them",
+STRLIB_WRITES_AND_NUL(destination, STRLIB_TAKEN(STRLIB_OR_EMPTY(source), count),
+    "no room for count bytes and the NUL behind them",
     TQANSI_strncpy, char *, (char *destination, const char *source, int32_t count), (destination, source, count))
-STRLIB_WRITES_AND_NUL(destination, STRLIB_TAKEN(source, count), "no room for count bytes and the NUL behind them",
+STRLIB_WRITES_AND_NUL(destination, STRLIB_TAKEN(STRLIB_OR_EMPTY(source), count),
+    "no room for count bytes and the NUL behind them",
     TQANSI_strncat, char *, (char *destination, const char *source, int32_t count), (destination, source, count))
 STRLIB_WRITES_AND_NUL(destination, STRLIB_TAKEN(source, size), "no room for size bytes and the NUL behind them",
     X_TAMBRO_gets, int32_t, (char *destination, int32_t size, const char *source), (destination, size, source))
