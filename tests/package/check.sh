@@ -204,6 +204,14 @@ readme)
     linksLead "$scratch/strlib/share/doc/strlib"
     (cd hello && PKG_CONFIG_PATH=$scratch/strlib/lib/pkgconfig sh -c "$(grep -oE 'cc hello.c [^`]+' "$source/README.md")")
     same "what hello prints, built with pkg-config" "$(tail -1 <<<"$said")" "$(hello/a.out)"
+    block cpp strlib.hpp >hello/hello.cpp
+    read -ra flags < <(PKG_CONFIG_PATH=$scratch/strlib/lib/pkgconfig pkg-config --cflags --libs strlib)
+    c++ -std=c++20 hello/hello.cpp "${flags[@]}" -o hello/face
+    same "what hello prints, in C++" "42|Lima" "$(hello/face)"
+    for claim in 's/%d|%s/%s|%d/' 's/\[64\]/[8]/'; do
+        sed "$claim" hello/hello.cpp >hello/refused.cpp
+        ! c++ -std=c++20 -fsyntax-only hello/refused.cpp "${flags[@]}" || fail "README says that this does not compile: $claim"
+    done
     minimum=$(sed -nE 's/^cmake_minimum_required\(VERSION ([0-9.]+).*/\1/p' CMakeLists.txt)
     grep -qF "CMake $minimum or newer" README.md || fail "README names another CMake than CMakeLists.txt"
     if (cd "$scratch/source/build/use" && cpack -G DEB 2>"$scratch/refusal"); then fail "a package without the manual"; fi
