@@ -210,7 +210,7 @@ readme)
     same "what hello prints, in C++" "42|Lima" "$(hello/face)"
     for claim in 's/%d|%s/%s|%d/' 's/\[64\]/[8]/'; do
         sed "$claim" hello/hello.cpp >hello/refused.cpp
-        ! c++ -std=c++20 -fsyntax-only hello/refused.cpp "${flags[@]}" || fail "README says that this does not compile: $claim"
+        ! c++ -std=c++20 -fsyntax-only hello/refused.cpp "${flags[@]}" 2>&1 || fail "README says that this does not compile: $claim"
     done
     minimum=$(sed -nE 's/^cmake_minimum_required\(VERSION ([0-9.]+).*/\1/p' CMakeLists.txt)
     grep -qF "CMake $minimum or newer" README.md || fail "README names another CMake than CMakeLists.txt"
