@@ -1,5 +1,5 @@
-# The reference manual, as HTML and as manual pages in STRLIB_DOCS_DIR, made by the target `docs` where Doxygen and Python
-# are there, which STRLIB_HAS_MANUAL tells; a part of what is built where there is something to install.
+# The reference manual, as HTML and as manual pages in STRLIB_DOCS_DIR, made by the target `docs` where Doxygen and
+# Python are there, which STRLIB_HAS_MANUAL tells; a part of what is built where there is something to install.
 set(STRLIB_DOCS_DIR ${PROJECT_BINARY_DIR}/docs CACHE PATH "Where the reference manual is built")
 
 set(STRLIB_HAS_MANUAL OFF)

@@ -172,7 +172,8 @@ accepted 'Rome Roma Italy 1.12°N 1.13°W 1' 'Roma;Rome;Italy;1.123;-1.125999999
 accepted 'Rome Roma Italy 1.00°N 0.00°E 1' 'Roma;Rome;Italy;0.995;-0.0049;1'
 accepted 'Rome Roma Italy 41.89°N 12.48°E 2,748,000' "# $(printf '%0509d' 0)\r\n$good"
 
-# 131,072 records take some 80 MB. Where not even the version can be told in 40, as under sanitizers, this cannot be tried.
+# 131,072 records take some 80 MB. Where not even the version can be told in 40, as under sanitizers, this cannot be
+# tried.
 inLittleMemory=(bash -c 'ulimit -v 40000 && exec "$@"' bash)
 if "${inLittleMemory[@]}" "${program[@]}" --version &>/dev/null; then
     echo "$good" >"$file"

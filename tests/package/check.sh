@@ -80,7 +80,9 @@ expectedManPages() {
 filesBelow() { (cd "$1" && find . -type f -not -path './share/doc/strlib/html/*' -printf '%P\n' | sort); }
 
 sameFiles() {
-    same "files below $1" "$({ expectedFiles "lib/$(c++ -print-multiarch)" && expectedManPages; } | sort)" "$(filesBelow "$1")"
+    local expected
+    expected=$({ expectedFiles "lib/$(c++ -print-multiarch)" && expectedManPages; } | sort)
+    same "files below $1" "$expected" "$(filesBelow "$1")"
     for page in index group__copying strlib_8h; do
         [[ -s $1/share/doc/strlib/html/$page.html ]] || fail "the manual below $1 has no page $page"
     done
@@ -108,8 +110,8 @@ block() {
         $0 == fence { inside = 1; text = "" }' "$source/README.md" | grep . || fail "README has no $1 block with $2"
 }
 
-# A directory of links to the programs named, to be the whole PATH. CMake looks into the system's own directories as well,
-# unless it is told not to.
+# A directory of links to the programs named, to be the whole PATH. CMake looks into the system's own directories as
+# well, unless it is told not to.
 onlyThesePrograms() {
     local directory=$1 program
     mkdir -p "$directory"
@@ -193,28 +195,30 @@ readme)
     block cmake find_package >hello/CMakeLists.txt
     block c 'int main' >hello/hello.c
     { echo set -e && block sh 'cmake --install' && block sh 'cmake -S hello'; } >"$scratch/commands"
+    bare=(env -i HOME="$scratch" PATH="$scratch/bin")
     onlyThesePrograms "$scratch/bin" ninja c++ cc as ld ar ranlib
-    said=$(env -i HOME="$scratch" PATH="$scratch/bin" CMAKE_GENERATOR=Ninja /bin/sh "$scratch/commands" 2>&1) || fail "$said"
+    said=$("${bare[@]}" CMAKE_GENERATOR=Ninja /bin/sh "$scratch/commands" 2>&1) || fail "$said"
     rm -r build hello/build "$scratch/strlib" "$scratch/bin"
     onlyThesePrograms "$scratch/bin" make c++ cc as ld ar ranlib
-    said=$(env -i HOME="$scratch" PATH="$scratch/bin" /bin/sh "$scratch/commands" 2>&1) || fail "$said"
+    said=$("${bare[@]}" /bin/sh "$scratch/commands" 2>&1) || fail "$said"
     same "what hello prints" "$(sed -n 's|.*; *// ||p' hello/hello.c)" "$(tail -1 <<<"$said")"
     same "lines about the manual" 1 "$(grep -c 'Without Doxygen' <<<"$said")"
     same "files installed" "$(expectedFiles lib | sort)" "$(filesBelow "$scratch/strlib")"
     linksLead "$scratch/strlib/share/doc/strlib"
-    (cd hello && PKG_CONFIG_PATH=$scratch/strlib/lib/pkgconfig sh -c "$(grep -oE 'cc hello.c [^`]+' "$source/README.md")")
+    export PKG_CONFIG_PATH=$scratch/strlib/lib/pkgconfig
+    (cd hello && sh -c "$(grep -oE 'cc hello.c [^`]+' "$source/README.md")")
     same "what hello prints, built with pkg-config" "$(tail -1 <<<"$said")" "$(hello/a.out)"
     block cpp strlib.hpp >hello/hello.cpp
-    read -ra flags < <(PKG_CONFIG_PATH=$scratch/strlib/lib/pkgconfig pkg-config --cflags --libs strlib)
+    read -ra flags < <(pkg-config --cflags --libs strlib)
     c++ -std=c++20 hello/hello.cpp "${flags[@]}" -o hello/face
     same "what hello prints, in C++" "42|Lima" "$(hello/face)"
-    for claim in 's/%d|%s/%s|%d/' 's/\[64\]/[8]/'; do
-        sed "$claim" hello/hello.cpp >hello/refused.cpp
-        ! c++ -std=c++20 -fsyntax-only hello/refused.cpp "${flags[@]}" 2>&1 || fail "README says that this does not compile: $claim"
+    for slip in 's/%d|%s/%s|%d/' 's/\[64\]/[8]/'; do
+        sed "$slip" hello/hello.cpp >hello/refused.cpp
+        ! c++ -std=c++20 -fsyntax-only hello/refused.cpp "${flags[@]}" 2>&1 || fail "this compiles: $slip"
     done
     minimum=$(sed -nE 's/^cmake_minimum_required\(VERSION ([0-9.]+).*/\1/p' CMakeLists.txt)
     grep -qF "CMake $minimum or newer" README.md || fail "README names another CMake than CMakeLists.txt"
-    if (cd "$scratch/source/build/use" && cpack -G DEB 2>"$scratch/refusal"); then fail "a package without the manual"; fi
+    ! (cd build/use && cpack -G DEB 2>"$scratch/refusal") || fail "a package without the manual"
     grep -q 'The package holds the manual' "$scratch/refusal" || fail "no package, but for another reason"
     ;;
 architecture)
@@ -224,8 +228,8 @@ architecture)
         "$(cut -d' ' -f1 <<<"$tables" | sort)"
     same "routines by file" "$(nm -A -g --defined-only "$shared/libstrlib.a" |
         sed -nE 's/.*:([a-z0-9_]+)\.cpp\.o:.* [A-Za-z] ([A-Za-z0-9_]+)$/\1 \2/p' | sort)" \
-        "$(sed -nE 's|^strlib/([a-z0-9_]+)\.cpp|\1|p' <<<"$tables" |
-            awk '{for (i = 2; i <= NF; ++i) if (split($i, part, "`") > 2 && part[2] != "memset") print $1, part[2]}' | sort)"
+        "$(sed -nE 's|^strlib/([a-z0-9_]+)\.cpp|\1|p' <<<"$tables" | sed 's/`memset`//' |
+            awk '{for (i = 2; i <= NF; ++i) if (split($i, part, "`") > 2) print $1, part[2]}' | sort)"
     ;;
 toolchains)
     # Each configures as README lists it; where nothing but the library can be built, that is what the defaults build.
