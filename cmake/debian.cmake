@@ -11,6 +11,11 @@ no allocation, and no dependency but memset.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
 
+# Whoever installs the package expects its manual pages.
+if(NOT STRLIB_HAS_MANUAL)
+  set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_LIST_DIR}/refuse-package.cmake)
+endif()
+
 # The architecture is that of the compiler's target; without an answer CPack takes the building machine's.
 execute_process(COMMAND dpkg-architecture -t ${CMAKE_CXX_LIBRARY_ARCHITECTURE} -q DEB_TARGET_ARCH
   OUTPUT_VARIABLE CPACK_DEBIAN_PACKAGE_ARCHITECTURE OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)

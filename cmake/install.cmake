@@ -1,8 +1,7 @@
-# Installation: the archive, the public header, the CMake package, the pkg-config file, and the manual pages if the
-# target `docs` has built them. The same files make up the Debian package.
-include(${CMAKE_CURRENT_LIST_DIR}/reference.cmake)
-
+# Installation: the archive, the public headers, the CMake package, the pkg-config file, the documents, and the manual
+# where it can be made. The same files make up the Debian package.
 option(STRLIB_INSTALL "Install the library" ${PROJECT_IS_TOP_LEVEL})
+include(${CMAKE_CURRENT_LIST_DIR}/reference.cmake)
 if(NOT STRLIB_INSTALL)
   return()
 endif()
@@ -15,8 +14,23 @@ set(strlibPkgConfigDir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 install(TARGETS strlib EXPORT strlib
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
   INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/strlib/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(DIRECTORY ${STRLIB_DOCS_DIR}/man/man3/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 OPTIONAL)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/strlib/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+  FILES_MATCHING PATTERN *.h PATTERN *.hpp)
+
+# Links between the documents hold where these lie as they do in the source.
+set(strlibDocDir ${CMAKE_INSTALL_DATAROOTDIR}/doc/strlib)
+file(GLOB strlibDocuments CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/*.md)
+install(FILES ${strlibDocuments} DESTINATION ${strlibDocDir})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${strlibDocDir}
+  FILES_MATCHING PATTERN reference EXCLUDE PATTERN *.md PATTERN *.svg)
+file(GLOB strlibPortingExamples CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/examples/porting/*.c)
+install(FILES ${strlibPortingExamples} DESTINATION ${strlibDocDir}/examples/porting)
+if(STRLIB_HAS_MANUAL)
+  install(DIRECTORY ${STRLIB_DOCS_DIR}/html DESTINATION ${strlibDocDir})
+  install(DIRECTORY ${STRLIB_DOCS_DIR}/man/man3/ DESTINATION ${CMAKE_INSTALL_MANDIR}/man3)
+elseif(PROJECT_IS_TOP_LEVEL)
+  message(STATUS "Without Doxygen 1.9.4 and Python 3: no manual and no manual pages are built or installed")
+endif()
 
 # The library depends on no other package, so that the exported target needs nothing around it.
 install(EXPORT strlib NAMESPACE strlib:: FILE strlibConfig.cmake DESTINATION ${strlibPackageDir})

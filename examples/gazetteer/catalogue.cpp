@@ -1,6 +1,6 @@
 #include "catalogue.h"
 
-#include <strlib.h>
+#include <strlib.hpp>
 
 #include <algorithm>
 #include <iterator>
@@ -49,7 +49,7 @@ bool populationLess(const Record &first, const Record &second) {
 // The text as the collation sees it. Keys compare by TQANSI_strcmp as their texts do by customStricmp.
 Field keyOf(const Field &text) {
     Field key{};
-    TQANSI_strcpy(key.data(), text.data());
+    strlib::copy(key, text.data());
     TQ_convertZstring(collation(), key.data());
     return key;
 }
@@ -64,10 +64,10 @@ Field plain(const Field &text) {
     return result;
 }
 
-bool contains(const Record &record, const Field &text, const Field &plainText) {
-    return TQ_stristr(record.plainName.data(), plainText.data()) != nullptr ||
-           TQ_stristr(record.plainCountry.data(), plainText.data()) != nullptr ||
-           TQ_stristr(record.ownName.data(), text.data()) != nullptr;
+bool contains(const Record &record, const Field &plainText) {
+    return strlib::findFolded(record.plainName.data(), plainText.data()) ||
+           strlib::findFolded(record.plainCountry.data(), plainText.data()) ||
+           strlib::findFolded(record.plainOwnName.data(), plainText.data());
 }
 
 }  // namespace
@@ -83,7 +83,7 @@ void sortRecords(std::span<Record> records, SortKey key) {
 std::span<const Record> withPrefix(std::span<const Record> sortedByName, const Field &prefix) {
     const Field first = keyOf(plain(prefix));
     Field behind{};
-    string_operator_add(behind.data(), first.data(), 1);
+    strlib::add(behind, first.data(), 1);
     const auto begin = std::lower_bound(sortedByName.begin(), sortedByName.end(), first, keyBefore);
     const auto end = std::lower_bound(begin, sortedByName.end(), behind, keyBefore);
     return {begin, end};
@@ -93,7 +93,7 @@ std::vector<Record> containing(std::span<const Record> records, const Field &tex
     const Field plainText = plain(text);
     std::vector<Record> found;
     std::copy_if(records.begin(), records.end(), std::back_inserter(found),
-                 [&](const Record &record) { return contains(record, text, plainText); });
+                 [&](const Record &record) { return contains(record, plainText); });
     return found;
 }
 

@@ -12,7 +12,9 @@ bool isPrintable(const char *text);
 // The columns that a UTF-8 text takes on a terminal.
 int32_t displayWidth(const char *text);
 
-// Copies a UTF-8 text with the accents taken off its Latin letters. The copy is never longer than the source.
+// Copies a UTF-8 text for comparisons: Latin letters without accents, Greek, Cyrillic and Armenian ones small, the
+// Greek ones without accents, too. The case of Latin letters is left to routines that fold it. The copy is never longer
+// than the source.
 void copyPlain(char *destination, const char *source);
 
 #endif

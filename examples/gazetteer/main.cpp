@@ -1,8 +1,9 @@
 // Prints a gazetteer of capitals from a file of records, and finds records in it.
 
-#include <strlib.h>
+#include <strlib.hpp>
 
 #include <cstdio>
+#include <new>
 
 #include "catalogue.h"
 #include "characters.h"
@@ -12,15 +13,15 @@
 
 namespace {
 
-constexpr int exitBadInput = 1;
+constexpr int exitFailure = 1;
 constexpr int exitBadUsage = 2;
 
 void complain(const char *file, Problem problem) {
-    std::fputs(file, stderr);
+    std::fputs(isStandardInput(file) ? "standard input" : file, stderr);
     std::fputs(":", stderr);
     if (problem.line != 0) {
         char line[12];
-        std::fputs(TQANSI_itoa(problem.line, line, sizeof line, 10), stderr);
+        std::fputs(strlib::toText(line, problem.line).value_or("?").data(), stderr);
         std::fputs(":", stderr);
     }
     std::fputs(" ", stderr);
@@ -72,17 +73,24 @@ std::vector<Record> select(std::span<Record> records, const Options &options) {
     return selected;
 }
 
+void print(std::span<const Record> records) {
+    if (records.empty())
+        std::fputs("No capital matches.\n", stdout);
+    else
+        printTable(records, stdout);
+}
+
 bool finishOutput() {
     if (std::fflush(stdout) == 0 && !std::ferror(stdout)) return true;
     std::fputs("gazetteer: cannot write the output\n", stderr);
     return false;
 }
 
-int run(const Options &options) {
+int printFile(const Options &options) {
     std::vector<Record> records;
     const bool isGood = readRecords(options.file, records);
-    if (!records.empty()) printTable(select(records, options), stdout);
-    return finishOutput() && isGood ? 0 : exitBadInput;
+    if (!records.empty()) print(select(records, options));
+    return finishOutput() && isGood ? 0 : exitFailure;
 }
 
 int refuse(const UsageError &error) {
@@ -92,13 +100,23 @@ int refuse(const UsageError &error) {
     return exitBadUsage;
 }
 
+int run(const Options &options) {
+    switch (options.action) {
+        case Action::printTable: return printFile(options);
+        case Action::printUsage: std::fputs(usage, stdout); break;
+        case Action::printVersion: std::fputs("gazetteer " GAZETTEER_VERSION "\n", stdout); break;
+    }
+    return finishOutput() ? 0 : exitFailure;
+}
+
 }  // namespace
 
-int main(int argumentCount, char *argumentValues[]) {
+int main(int argumentCount, char *argumentValues[]) try {
     const std::span<char *const> arguments(argumentValues, static_cast<size_t>(argumentCount));
     Options options;
     if (const auto error = readOptions(arguments.subspan(argumentCount > 0 ? 1 : 0), options)) return refuse(*error);
-    if (!options.help) return run(options);
-    std::fputs(usage, stdout);
-    return finishOutput() ? 0 : exitBadInput;
+    return run(options);
+} catch (const std::bad_alloc &) {
+    std::fputs("gazetteer: out of memory\n", stderr);
+    return exitFailure;
 }

@@ -6,12 +6,15 @@
 
 #include "catalogue.h"
 
+enum class Action { printTable, printUsage, printVersion };
+
 struct Options {
+    Action action = Action::printTable;
+    // "-" is the standard input.
     const char *file = nullptr;
     std::optional<Field> find;
     std::optional<Field> prefix;
     SortKey sort = SortKey::name;
-    bool help = false;
 };
 
 // What is wrong with the command line.

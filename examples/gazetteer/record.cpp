@@ -1,10 +1,9 @@
 #include "record.h"
 
-#include <strlib.h>
+#include <strlib.hpp>
 
 #include <optional>
 
-#include "arguments.h"
 #include "characters.h"
 
 namespace {
@@ -44,24 +43,17 @@ bool hasEmptyField(const char *line) {
 
 int32_t countFields(const char *line) {
     int32_t count = 0;
-    char *end = nullptr;
-    while (TQ_strtoken(line, separator, &end) != nullptr) {
-        line = end;
-        ++count;
-    }
+    while (strlib::nextToken(line, separator)) ++count;
     return count;
 }
 
 // Takes a field's bytes without the blanks around them.
-const char *takeField(const char *token, int32_t length, Field &field) {
-    while (length > 0 && belongsTo(blankClass, *token)) {
-        ++token;
-        --length;
-    }
-    while (length > 0 && belongsTo(blankClass, token[length - 1])) --length;
-    if (length == 0) return "empty field";
-    if (length >= static_cast<int32_t>(field.size())) return "field too long";
-    TQANSI_strncpy(field.data(), token, length);
+const char *takeField(std::string_view token, Field &field) {
+    while (!token.empty() && belongsTo(blankClass, token.front())) token.remove_prefix(1);
+    while (!token.empty() && belongsTo(blankClass, token.back())) token.remove_suffix(1);
+    if (token.empty()) return "empty field";
+    if (token.size() >= field.size()) return "field too long";
+    strlib::copy(field, token);
     return nullptr;
 }
 
@@ -70,42 +62,40 @@ const char *splitLine(const char *line, Fields &fields) {
     const int32_t count = countFields(line);
     if (count != fieldCount) return count < fieldCount ? "too few fields" : "too many fields";
     for (Field &field : fields) {
-        uint16_t length = 0;
-        line = TQ_strtoklen(line, separator, &length);
-        if (const char *const reason = takeField(line, length, field)) return reason;
-        line += length;
+        const auto token = strlib::nextToken(line, separator);
+        if (const char *const reason = takeField(token.value_or(""), field)) return reason;
     }
     return nullptr;
 }
 
-// Reads degrees with at most two digits behind the point, in hundredths. The sign is taken beforehand, as "-0" has
-// none; and the scan would also take blanks and "0x1F", which the classes keep out.
-std::optional<int32_t> readHundredths(const char *text) {
+// Reads degrees, in thousandths; further digits are dropped. The sign is taken beforehand, as "-0" has none; and the
+// scan would also take blanks and "0x1F", which the classes keep out.
+std::optional<int32_t> readThousandths(const char *text) {
     const bool isNegative = *text == '-';
     if (isNegative) ++text;
     if (!isMadeOf(digitClass | pointClass, text)) return std::nullopt;
-    int32_t degrees = 0;
+    uint32_t degrees = 0;
     int32_t point = 0;
-    int32_t fraction = 0;
-    int32_t end = 0;
-    const intptr_t slots[] = {slot(&degrees), slot(&point), slot(&fraction), slot(&end)};
-    const int32_t count = TQ_sscanf(text, "%u%n.%u%n", slots);
-    if (count < 1) return std::nullopt;
-    const int32_t digits = count == 2 ? end - point - 1 : 0;
-    if (digits > 2 || text[digits == 0 ? point : end] != 0) return std::nullopt;
+    // Three digits, and room for the zeros that make up for missing ones.
+    char fraction[6] = "";
+    const int32_t count = strlib::scan(text, "%u%n.%4s", degrees, point, fraction);
+    if (count < 1 || (count == 1 && text[point] != 0)) return std::nullopt;
+    if (count == 2 && !isMadeOf(digitClass, text + point + 1)) return std::nullopt;
+    strlib::append(fraction, "00");
+    fraction[3] = 0;
     // More digits may have wrapped around; what stands for them is out of every range.
     if (point > 3) degrees = 999;
-    const int32_t hundredths = degrees * 100 + (digits == 1 ? fraction * 10 : fraction);
-    return isNegative ? -hundredths : hundredths;
+    const int32_t thousandths = static_cast<int32_t>(degrees) * 1000 + TQANSI_atoi(fraction);
+    return isNegative ? -thousandths : thousandths;
 }
 
-// Tells what is wrong with a coordinate, if anything is.
+// Reads a coordinate, rounded to hundredths of a degree. Tells what is wrong with it, if anything is.
 const char *readCoordinate(const char *text, int32_t limit, const char *malformed, const char *outOfRange,
                            int32_t &result) {
-    const std::optional<int32_t> hundredths = readHundredths(text);
-    if (!hundredths) return malformed;
-    if (*hundredths < -limit || *hundredths > limit) return outOfRange;
-    result = *hundredths;
+    const std::optional<int32_t> thousandths = readThousandths(text);
+    if (!thousandths) return malformed;
+    if (*thousandths < -limit || *thousandths > limit) return outOfRange;
+    result = (*thousandths + (*thousandths < 0 ? -5 : 5)) / 10;
     return nullptr;
 }
 
@@ -128,10 +118,10 @@ const char *readRecord(const char *line, Record &record) {
     const char *reason = splitLine(line, fields);
     if (reason == nullptr) {
         reason =
-            readCoordinate(fields[3].data(), 9000, "latitude is no number", "latitude out of range", record.latitude);
+            readCoordinate(fields[3].data(), 90000, "latitude is no number", "latitude out of range", record.latitude);
     }
     if (reason == nullptr) {
-        reason = readCoordinate(fields[4].data(), 18000, "longitude is no number", "longitude out of range",
+        reason = readCoordinate(fields[4].data(), 180000, "longitude is no number", "longitude out of range",
                                 record.longitude);
     }
     if (reason == nullptr) reason = readPopulation(fields[5].data(), record.population);
@@ -139,6 +129,7 @@ const char *readRecord(const char *line, Record &record) {
     record.ownName = fields[0];
     record.name = fields[1];
     record.country = fields[2];
+    copyPlain(record.plainOwnName.data(), record.ownName.data());
     copyPlain(record.plainName.data(), record.name.data());
     copyPlain(record.plainCountry.data(), record.country.data());
     return nullptr;

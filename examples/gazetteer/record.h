@@ -11,7 +11,8 @@ struct Record {
     Field ownName;
     Field name;
     Field country;
-    // Name and country without accents, for sorting and finding.
+    // The same as copyPlain() leaves them, for sorting and finding.
+    Field plainOwnName;
     Field plainName;
     Field plainCountry;
     // In hundredths of a degree, negative in the south and in the west.

@@ -1,10 +1,9 @@
 #include "table.h"
 
-#include <strlib.h>
+#include <strlib.hpp>
 
 #include <algorithm>
 
-#include "arguments.h"
 #include "catalogue.h"
 #include "characters.h"
 
@@ -14,31 +13,27 @@ namespace {
 using Line = std::array<char, 2048>;
 using Cell = Field;
 
-// Appends to a line. What does not fit is left out by the renderer.
-char *append(Line &line, char *at, const char *format, const intptr_t *slots) {
-    const auto room = static_cast<uint32_t>(line.data() + line.size() - at);
-    return at + TQ_sprintf(at, room, format, slots) - 1;
-}
+// What is left of a line. What does not fit there is left out by strlib::format().
+std::span<char> from(char *at, Line &line) { return {at, line.data() + line.size()}; }
 
-int32_t digit(int32_t value) { return '0' + value % 10; }
+char digit(int32_t value) { return static_cast<char>('0' + value % 10); }
 
 // Writes a number with a comma before each three digits; gives its end.
 char *writeGrouped(int64_t value, char *at) {
     if (value < 1000) {
-        TQANSI_itoa(static_cast<int32_t>(value), at, 4, 10);
-        return at + TQANSI_strlen(at);
+        const std::span<char, 4> room(at, 4);
+        return at + strlib::toText(room, static_cast<int32_t>(value)).value_or("").size();
     }
     at = writeGrouped(value / 1000, at);
     const auto group = static_cast<int32_t>(value % 1000);
-    const intptr_t slots[] = {digit(group / 100), digit(group / 10), digit(group)};
-    return at + TQ_sprintf(at, 5, ",%c%c%c", slots) - 1;
+    const std::span<char, 5> room(at, 5);
+    return at + strlib::format(room, ",%c%c%c", digit(group / 100), digit(group / 10), digit(group)).size();
 }
 
 void writeDegrees(int32_t hundredths, char positive, char negative, Cell &cell) {
     const int32_t magnitude = hundredths < 0 ? -hundredths : hundredths;
-    const intptr_t slots[] = {magnitude / 100, digit(magnitude / 10), digit(magnitude),
-                              hundredths < 0 ? negative : positive};
-    TQ_sprintf(cell.data(), sizeof cell, "%d.%c%c\u00B0%c", slots);
+    strlib::format(cell, "%d.%c%c\u00B0%c", magnitude / 100, digit(magnitude / 10), digit(magnitude),
+                   hundredths < 0 ? negative : positive);
 }
 
 void writeName(const Record &record, Cell &cell) { cell = record.name; }
@@ -92,9 +87,9 @@ const char *spaces(int32_t count) {
 char *appendCell(Line &line, char *at, const Column &column, int32_t width, const char *text) {
     const char *const padding = spaces(width - displayWidth(text));
     const char *const separation = spaces(at == line.data() ? 0 : gap);
-    const intptr_t slots[] = {slot(separation), slot(column.alignsRight ? padding : text),
-                              slot(column.alignsRight ? text : padding)};
-    return append(line, at, "%s%s%s", slots);
+    const char *const first = column.alignsRight ? padding : text;
+    const char *const second = column.alignsRight ? text : padding;
+    return at + strlib::format(from(at, line), "%s%s%s", separation, first, second).size();
 }
 
 void endLine(char *at, const Line &line, std::FILE *output) {
@@ -136,10 +131,11 @@ void printTotals(std::span<const Record> records, std::FILE *output) {
     for (const Record &record : records) population += record.population;
     Cell inhabitants;
     writeGrouped(population, inhabitants.data());
-    const intptr_t slots[] = {static_cast<int32_t>(records.size()), slot(records.size() == 1 ? "" : "s"),
-                              slot(inhabitants.data())};
+    const auto count = static_cast<int32_t>(records.size());
+    const char *const plural = count == 1 ? "" : "s";
     Line line;
-    endLine(append(line, line.data(), "%d capital%s, %s inhabitants", slots), line, output);
+    const auto text = strlib::format(line, "%d capital%s, %s inhabitants", count, plural, inhabitants.data());
+    endLine(line.data() + text.size(), line, output);
 }
 
 void printInitials(std::span<const Record> records, std::FILE *output) {
@@ -147,11 +143,11 @@ void printInitials(std::span<const Record> records, std::FILE *output) {
     Line line;
     char *at = TQ_strappend(line.data(), "By initial:");
     for (int32_t i = 0; i < 26; ++i) {
-        const intptr_t slots[] = {TQANSI_toupper('a' + i), counts[static_cast<size_t>(i)]};
-        if (slots[1] != 0) at = append(line, at, " %c %d", slots);
+        const int32_t count = counts[static_cast<size_t>(i)];
+        const char letter = static_cast<char>(TQANSI_toupper('a' + i));
+        if (count != 0) at += strlib::format(from(at, line), " %c %d", letter, count).size();
     }
-    const intptr_t others[] = {counts.back()};
-    if (counts.back() != 0) at = append(line, at, " other %d", others);
+    if (counts.back() != 0) at += strlib::format(from(at, line), " other %d", counts.back()).size();
     endLine(at, line, output);
 }
 
@@ -164,5 +160,5 @@ void printTable(std::span<const Record> records, std::FILE *output) {
     for (const Record &record : records) printRow(record, widths, output);
     printRule(widths, output);
     printTotals(records, output);
-    if (!records.empty()) printInitials(records, output);
+    printInitials(records, output);
 }

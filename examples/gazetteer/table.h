@@ -6,7 +6,7 @@
 
 #include "record.h"
 
-// Prints the records in aligned columns, with their totals below.
+// Prints the records, at least one, in aligned columns, with their totals below.
 void printTable(std::span<const Record> records, std::FILE *output);
 
 #endif

@@ -1,6 +1,6 @@
 #include "text_file.h"
 
-#include <strlib.h>
+#include <strlib.hpp>
 
 #include <cerrno>
 #include <cstdio>
@@ -17,18 +17,22 @@ struct Closer {
     void operator()(std::FILE *file) const { std::fclose(file); }
 };
 
-const char *readBytes(const char *path, std::vector<char> &bytes) {
-    const std::unique_ptr<std::FILE, Closer> file(std::fopen(path, "rb"));
-    if (!file) return std::strerror(errno);
+const char *readBytes(std::FILE *file, std::vector<char> &bytes) {
     for (size_t count = chunkSize; count == chunkSize && bytes.size() <= maxFileSize;) {
         const size_t size = bytes.size();
         bytes.resize(size + chunkSize);
-        count = std::fread(bytes.data() + size, 1, chunkSize, file.get());
-        if (std::ferror(file.get())) return std::strerror(errno);
+        count = std::fread(bytes.data() + size, 1, chunkSize, file);
+        if (std::ferror(file)) return std::strerror(errno);
         bytes.resize(size + count);
     }
     if (bytes.empty()) return "empty file";
     return bytes.size() <= maxFileSize ? nullptr : "larger than 16 MiB";
+}
+
+const char *readFile(const char *path, std::vector<char> &bytes) {
+    if (isStandardInput(path)) return readBytes(stdin, bytes);
+    const std::unique_ptr<std::FILE, Closer> file(std::fopen(path, "rb"));
+    return file ? readBytes(file.get(), bytes) : std::strerror(errno);
 }
 
 int32_t lineAt(const char *text, const char *position) {
@@ -60,28 +64,30 @@ const char *behindByteOrderMark(const char *text) {
 
 }  // namespace
 
+bool isStandardInput(const char *path) { return TQANSI_strcmp(path, "-") == 0; }
+
 std::optional<Problem> readTextFile(const char *path, std::vector<char> &text) {
     text.clear();
-    if (const char *const reason = readBytes(path, text)) return Problem{0, reason};
+    if (const char *const reason = readFile(path, text)) return Problem{0, reason};
     const void *const nul = TQANSI_memchr(text.data(), 0, static_cast<uint32_t>(text.size()));
     if (nul != nullptr) return Problem{lineAt(text.data(), static_cast<const char *>(nul)), "NUL byte in the file"};
     text.push_back(0);
     return std::nullopt;
 }
 
-LineReader::LineReader(const char *text) : at_(behindByteOrderMark(text)) {}
+LineReader::LineReader(const char *text) : rest_(behindByteOrderMark(text)) {}
 
 bool LineReader::next() {
-    if (at_ == nullptr) return false;
+    const char *const start = rest_;
+    const char *const end = lineEnd(start);
+    const auto line = strlib::nextLine(line_, rest_);
+    if (!line) return false;
     ++number_;
-    const char *end = at_ + X_TAMBRO_gets(line_, maxLength + 1, at_);
     problem_ = nullptr;
-    if (TQANSI_strlen(line_) > maxLength) {
+    if (line->size() > maxLength)
         problem_ = "line too long";
-        end = lineEnd(end);
-    } else if (hasStrayReturn(at_, end)) {
+    else if (hasStrayReturn(start, end))
         problem_ = "carriage return inside the line";
-    }
-    at_ = *end == 0 ? nullptr : end + 1;
+    rest_ = *end == 0 ? end : end + 1;
     return true;
 }

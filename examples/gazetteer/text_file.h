@@ -1,6 +1,7 @@
 #ifndef GAZETTEER_TEXT_FILE_H
 #define GAZETTEER_TEXT_FILE_H
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -10,6 +11,9 @@ struct Problem {
     int32_t line;
     const char *reason;
 };
+
+// The name that stands for the standard input.
+bool isStandardInput(const char *path);
 
 // Reads a whole file as one string, its NUL included. After a problem the text is of no use.
 std::optional<Problem> readTextFile(const char *path, std::vector<char> &text);
@@ -28,12 +32,12 @@ public:
     const char *problem() const { return problem_; }
 
 private:
-    static constexpr int32_t maxLength = 511;
+    static constexpr size_t maxLength = 511;
 
-    const char *at_;
+    const char *rest_;
     const char *problem_ = nullptr;
     int32_t number_ = 0;
-    // One byte more than allowed, so that a full buffer tells a line that is too long; and the NUL.
+    // One byte more than allowed, by which a line that is too long shows; and the NUL.
     char line_[maxLength + 2] = {};
 };
 

@@ -2,6 +2,7 @@
 # Uses the library as its users get it: check.sh CASE SCRATCH VERSION. The case `build` comes first.
 set -euo pipefail
 
+(($# == 3)) || { sed -n '2s/^# //p' "$0" >&2 && exit 2; }
 case=$1 shared=$2/build version=$3
 here=$(cd "$(dirname "$0")" && pwd)
 source=$(cd "$here/../.." && pwd)
@@ -62,25 +63,68 @@ consumeByPkgConfig() {
     done
 }
 
-# Every file that belongs to an installation, below its prefix.
+# The files of an installation below its prefix, with the library directory given; but for the manual.
 expectedFiles() {
-    local libraries
-    libraries=lib/$(c++ -print-multiarch)
-    printf '%s\n' include/strlib{.h,.hpp,_checks.h} "$libraries/libstrlib.a" "$libraries/pkgconfig/strlib.pc" \
-        "$libraries/cmake/strlib/strlibConfig.cmake" "$libraries/cmake/strlib/strlibConfig-release.cmake" \
-        "$libraries/cmake/strlib/strlibConfigVersion.cmake" share/man/man3/strlib.3
-    nm -g --defined-only "$shared/libstrlib.a" | awk '$2 ~ /^[Ti]$/ && $3 !~ /[.]/ {print "share/man/man3/" $3 ".3"}'
+    printf '%s\n' "$1/libstrlib.a" "$1/pkgconfig/strlib.pc" "$1/cmake/strlib/strlibConfig.cmake" \
+        "$1/cmake/strlib/strlibConfig-release.cmake" "$1/cmake/strlib/strlibConfigVersion.cmake"
+    (cd "$source/strlib" && printf '%s\n' include/*)
+    (cd "$source" && shopt -s nullglob &&
+        printf 'share/doc/strlib/%s\n' *.md docs/*.md docs/*.svg examples/porting/*.c)
 }
 
+expectedManPages() {
+    echo share/man/man3/strlib.3
+    nm -g --defined-only "$shared/libstrlib.a" | awk '$3 ~ /^[A-Za-z0-9_]+$/ {print "share/man/man3/" $3 ".3"}'
+}
+
+filesBelow() { (cd "$1" && find . -type f -not -path './share/doc/strlib/html/*' -printf '%P\n' | sort); }
+
 sameFiles() {
-    same "files below $1" "$(expectedFiles | sort)" "$(cd "$1" && find . -type f -printf '%P\n' | sort)"
+    local expected
+    expected=$({ expectedFiles "lib/$(c++ -print-multiarch)" && expectedManPages; } | sort)
+    same "files below $1" "$expected" "$(filesBelow "$1")"
+    for page in index group__copying strlib_8h; do
+        [[ -s $1/share/doc/strlib/html/$page.html ]] || fail "the manual below $1 has no page $page"
+    done
+    linksLead "$1/share/doc/strlib"
+}
+
+# Every relative link of the documents below a directory leads to a file there.
+linksLead() {
+    local document link
+    while IFS=: read -r document link; do
+        [[ -e $(dirname "$document")/$link ]] || fail "$document: the link to $link leads nowhere"
+    done < <(grep -roE --include='*.md' '\]\([^):#]+' "$1" | sed 's/](//')
+}
+
+copySource() {
+    mkdir -p "$1"
+    tar -C "$source" --exclude=./build --exclude=./.git -cf - . | tar -C "$1" -xf -
+}
+
+# block LANGUAGE PATTERN: the block of README's in that language of which a line matches.
+block() {
+    awk -v fence="\`\`\`$1" -v pattern="$2" '
+        $0 == "```" && inside { if (text ~ pattern) printf "%s", text; inside = 0 }
+        inside { text = text $0 "\n" }
+        $0 == fence { inside = 1; text = "" }' "$source/README.md" | grep . || fail "README has no $1 block with $2"
+}
+
+# A directory of links to the programs named, to be the whole PATH. CMake looks into the system's own directories as
+# well, unless it is told not to.
+onlyThesePrograms() {
+    local directory=$1 program
+    mkdir -p "$directory"
+    for program in "${@:2}"; do ln -s "$(command -v "$program")" "$directory/$program"; done
+    printf '#!/bin/sh\n[ "$1" = -S ] && set -- "$@" -DCMAKE_FIND_USE_CMAKE_SYSTEM_PATH=OFF\nexec %s "$@"\n' \
+        "$(command -v cmake)" >"$directory/cmake"
+    chmod +x "$directory/cmake"
 }
 
 case $case in
 build)
     buildLibrary "$shared" -DCMAKE_INSTALL_PREFIX=/usr
-    cmake --build "$shared" --target docs
-    same "number of routines" 38 "$(nm -g --defined-only "$shared/libstrlib.a" | grep -cE ' [Ti] [^.]*$')"
+    same "number of routines" 38 "$(expectedManPages | tail -n +2 | wc -l)"
     ;;
 install)
     cmake --install "$shared" --prefix "$scratch/prefix"
@@ -138,8 +182,119 @@ deb)
     same "place of the manual page" /usr/share/man/man3/TQ_sprintf.3 "$(man -w 3 TQ_sprintf)"
     dpkg -P libstrlib-dev
     installed=no
-    while read -r file; do [[ ! -e /usr/$file ]] || fail "/usr/$file is still there"; done < <(expectedFiles)
+    while read -r file; do [[ ! -e /usr/$file ]] || fail "/usr/$file is still there"; done < <(
+        expectedFiles "lib/$(c++ -print-multiarch)" && expectedManPages)
+    [[ ! -e /usr/share/doc/strlib ]] || fail "/usr/share/doc/strlib is still there"
     ! dpkg-query -s libstrlib-dev &>/dev/null || fail "the package is still known"
+    ;;
+readme)
+    # The commands of README as they stand, with no more programs than it names and those that come with a compiler.
+    copySource "$scratch/source"
+    cd "$scratch/source"
+    mkdir hello
+    block cmake find_package >hello/CMakeLists.txt
+    block c 'int main' >hello/hello.c
+    { echo set -e && block sh 'cmake --install' && block sh 'cmake -S hello'; } >"$scratch/commands"
+    bare=(env -i HOME="$scratch" PATH="$scratch/bin")
+    onlyThesePrograms "$scratch/bin" ninja c++ cc as ld ar ranlib
+    said=$("${bare[@]}" CMAKE_GENERATOR=Ninja /bin/sh "$scratch/commands" 2>&1) || fail "$said"
+    rm -r build hello/build "$scratch/strlib" "$scratch/bin"
+    onlyThesePrograms "$scratch/bin" make c++ cc as ld ar ranlib
+    said=$("${bare[@]}" /bin/sh "$scratch/commands" 2>&1) || fail "$said"
+    same "what hello prints" "$(sed -n 's|.*; *// ||p' hello/hello.c)" "$(tail -1 <<<"$said")"
+    same "lines about the manual" 1 "$(grep -c 'Without Doxygen' <<<"$said")"
+    same "files installed" "$(expectedFiles lib | sort)" "$(filesBelow "$scratch/strlib")"
+    linksLead "$scratch/strlib/share/doc/strlib"
+    export PKG_CONFIG_PATH=$scratch/strlib/lib/pkgconfig
+    (cd hello && sh -c "$(grep -oE 'cc hello.c [^`]+' "$source/README.md")")
+    same "what hello prints, built with pkg-config" "$(tail -1 <<<"$said")" "$(hello/a.out)"
+    block cpp strlib.hpp >hello/hello.cpp
+    read -ra flags < <(pkg-config --cflags --libs strlib)
+    c++ -std=c++20 hello/hello.cpp "${flags[@]}" -o hello/face
+    same "what hello prints, in C++" "42|Lima" "$(hello/face)"
+    for slip in 's/%d|%s/%s|%d/' 's/\[64\]/[8]/'; do
+        sed "$slip" hello/hello.cpp >hello/refused.cpp
+        ! c++ -std=c++20 -fsyntax-only hello/refused.cpp "${flags[@]}" 2>&1 || fail "this compiles: $slip"
+    done
+    minimum=$(sed -nE 's/^cmake_minimum_required\(VERSION ([0-9.]+).*/\1/p' CMakeLists.txt)
+    grep -qF "CMake $minimum or newer" README.md || fail "README names another CMake than CMakeLists.txt"
+    ! (cd build/use && cpack -G DEB 2>"$scratch/refusal") || fail "a package without the manual"
+    grep -q 'The package holds the manual' "$scratch/refusal" || fail "no package, but for another reason"
+    ;;
+architecture)
+    # ARCHITECTURE's tables name every source, private header and routine, each routine with the source that defines it.
+    tables=$(sed -nE 's/^\| `(strlib\/[^`]*)` \|(.*)/\1 \2/p' "$source/ARCHITECTURE.md")
+    same "files" "$(cd "$source" && printf '%s\n' strlib/*.cpp strlib/core/* strlib/machine/* | sort)" \
+        "$(cut -d' ' -f1 <<<"$tables" | sort)"
+    same "routines by file" "$(nm -A -g --defined-only "$shared/libstrlib.a" |
+        sed -nE 's/.*:([a-z0-9_]+)\.cpp\.o:.* [A-Za-z] ([A-Za-z0-9_]+)$/\1 \2/p' | sort)" \
+        "$(sed -nE 's|^strlib/([a-z0-9_]+)\.cpp|\1|p' <<<"$tables" | sed 's/`memset`//' |
+            awk '{for (i = 2; i <= NF; ++i) if (split($i, part, "`") > 2) print $1, part[2]}' | sort)"
+    ;;
+toolchains)
+    # Each configures as README lists it; where nothing but the library can be built, that is what the defaults build.
+    for toolchain in "$source"/cmake/toolchains/*.cmake; do
+        tree=$scratch/$(basename "$toolchain" .cmake)
+        if ! cmake -S "$source" -B "$tree" -DSTRLIB_BUILD_TESTS=OFF -DSTRLIB_BUILD_EXAMPLES=OFF \
+            --toolchain "$toolchain" 2>"$tree.error"; then
+            grep -q 'not found in the PATH' "$tree.error" || fail "$(<"$tree.error")"
+            echo "$(basename "$toolchain"): no compiler here" >&3
+        elif grep -q '^set(CMAKE_SYSTEM_NAME "Generic")' "$tree"/CMakeFiles/*/CMakeSystem.cmake; then
+            cmake -S "$source" -B "$tree.default" --toolchain "$toolchain"
+            cmake --build "$tree.default" -j 2
+        fi
+    done
+    ;;
+refusals)
+    copySource "$scratch/source"
+    if (cd "$scratch/source" && cmake . 2>"$scratch/refusal"); then fail "a build among the sources"; fi
+    command=$(sed -nE 's/.*Build elsewhere: (.*)/\1/p' "$scratch/refusal" | tr -s ' ')
+    (cd "$scratch/source" && bash -ec "$command -DSTRLIB_BUILD_TESTS=OFF")
+    same "what is left among the sources" "$(cd "$source" && ls -A | grep -vE '^(build|\.git)$')" \
+        "$(cd "$scratch/source" && ls -A | grep -v '^build$')"
+    cmake -S "$source" -B "$scratch/shared" -DSTRLIB_BUILD_TESTS=OFF -DBUILD_SHARED_LIBS=ON |
+        grep 'static only' || fail "a shared library is neither built nor refused"
+    ;;
+scripts)
+    # Apart from the sources nothing can be built, so that a script that does more than to answer fails.
+    cp -r "$source/script" "$scratch/script"
+    for script in "$scratch"/script/*; do
+        [[ $(basename "$script") != demo ]] || continue
+        timeout 10 "$script" --help >"$scratch/help" || fail "$(basename "$script") --help"
+        [[ -s $scratch/help ]] || fail "$(basename "$script") --help says nothing"
+    done
+    # What is there need not have come by a package, and without apt-get only what is missing is named.
+    mkdir "$scratch/bin"
+    for program in c++ cmake; do ln -s /bin/true "$scratch/bin/$program"; done
+    for program in bash sed sort paste; do ln -s "$(command -v $program)" "$scratch/bin/$program"; done
+    same "a system without Ninja" "bootstrap: missing, and no apt-get here to install it: ninja-build" \
+        "$(PATH=$scratch/bin bash "$source/script/bootstrap" demo 2>&1)"
+    ln -s /bin/true "$scratch/bin/ninja"
+    same "a system that has all" "" "$(PATH=$scratch/bin bash "$source/script/bootstrap" demo 2>&1)"
+    ;;
+compilers)
+    # Those that README names, as far as they are here, with our warnings as errors.
+    named=$(sed -nE 's/^\| Compilers \|[^:]*: ([^.]*)\..*/\1/p' "$source/README.md" | sed -E 's/[, ]+(and )?/ /g')
+    read -ra words <<<"$named"
+    ((${#words[@]} > 0)) || fail "README names no compilers"
+    for word in "${words[@]}"; do
+        case $word in
+            g++) c=gcc cxx=g++ && continue ;;
+            clang) c=clang cxx=clang++ && continue ;;
+        esac
+        if ! command -v "$cxx-$word"; then
+            echo "$cxx-$word: not here" >&3
+            continue
+        fi
+        prefix=$scratch/$cxx-$word
+        cmake -S "$source" -B "$prefix/build" -G Ninja -DCMAKE_CXX_COMPILER="$cxx-$word" -DSTRLIB_BUILD_TESTS=OFF \
+            -DSTRLIB_WERROR=ON -DCMAKE_DISABLE_FIND_PACKAGE_Doxygen=ON
+        cmake --build "$prefix/build" -j 2
+        "$source/examples/check_gazetteer.sh" "$prefix/build/examples/gazetteer"
+        cmake --install "$prefix/build" --prefix "$prefix"
+        rm -rf "$scratch/consumer"
+        consume -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_C_COMPILER="$c-$word" -DCMAKE_CXX_COMPILER="$cxx-$word"
+    done
     ;;
 *) fail "no such case" ;;
 esac
