@@ -45,14 +45,22 @@ namespace strlib {
 
 /** Any contiguous range of `char` that has a size and may be written to. */
 template <class Type>
-concept Destination = std::same_as<typename decltype(std::span(std::declval<Type &>()))::element_type, char>;
+concept Destination = requires(Type &range) {
+    { *std::span(range).data() } -> std::same_as<char &>;
+};
 
 /* What the functions below are made of; not for callers. */
 namespace detail {
 
+/* g++ 11 deduces the span's type in a function only. */
+template <Destination Type>
+auto spanOf(Type &range) {
+    return std::span(range);
+}
+
 /* The size of a destination where its type tells it, else std::dynamic_extent. */
 template <Destination Type>
-constexpr std::size_t extentOf = decltype(std::span(std::declval<Type &>()))::extent;
+constexpr std::size_t extentOf = decltype(spanOf(std::declval<Type &>()))::extent;
 
 template <class Type, class... Others>
 concept AnyOf = (std::same_as<Type, Others> || ...);
