@@ -7,6 +7,13 @@ if(NOT PROJECT_IS_TOP_LEVEL OR NOT DOXYGEN_FOUND OR NOT Python3_FOUND)
   return()
 endif()
 
+# The manual's looks, where Debian's package of them is there; it reads well without.
+find_path(STRLIB_STYLE doxygen-awesome.css PATH_SUFFIXES share/doxygen-awesome-css)
+set(strlibStylesheets "\"${PROJECT_SOURCE_DIR}/docs/reference/reference.css\"")
+if(STRLIB_STYLE)
+  string(PREPEND strlibStylesheets
+    "\"${STRLIB_STYLE}/doxygen-awesome.css\" \"${STRLIB_STYLE}/doxygen-awesome-sidebar-only.css\" ")
+endif()
 configure_file(${PROJECT_SOURCE_DIR}/docs/Doxyfile.in ${PROJECT_BINARY_DIR}/Doxyfile @ONLY)
 add_custom_target(docs
   COMMAND ${CMAKE_COMMAND} -E rm -rf ${STRLIB_DOCS_DIR}

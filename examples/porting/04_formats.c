@@ -1,4 +1,5 @@
-/* TQ_sprintf() and TQ_sscanf() know other letters, and take a backslash in the format for the start of an escape. */
+/* TQ_sprintf() and TQ_sscanf() know other letters, and take a backslash
+ * in the format for the start of an escape. */
 #include <stdio.h>
 #include <string.h>
 #include <strlib.h>
@@ -8,15 +9,19 @@ int main(void) {
     int numberBefore = 0;
     int32_t numberAfter = 0;
 
-    /* Before: "%X" writes hexadecimal digits, and C source writes a backslash as two. */
+    /* Before: "%X" writes hexadecimal digits, and C source writes a
+     * backslash as two. */
     snprintf(before, sizeof before, "C:\\temp\\%X", 0xBEEFu);
 
-    /* The same format: backslash and 't' are a tab, backslash and '%' a plain '%'. */
+    /* The same format: backslash and 't' are a tab, backslash and '%' a
+     * plain '%'. */
     TQ_sprintf(unchanged, sizeof unchanged, "C:\\temp\\%X", NULL);
 
-    /* After: TQANSI_itoa() writes other radices, and a backslash is four in C source. */
+    /* After: TQANSI_itoa() writes other radices, and a backslash is
+     * four in C source. */
     char digits[9];
-    const intptr_t arguments[] = {(intptr_t)TQANSI_itoa(0xBEEF, digits, sizeof digits, 16)};
+    const intptr_t arguments[] = {
+        (intptr_t)TQANSI_itoa(0xBEEF, digits, sizeof digits, 16)};
     TQ_sprintf(after, sizeof after, "C:\\\\temp\\\\%s", arguments);
 
     /* Input: "%d" becomes "%i", which reads decimal numbers. */
@@ -24,8 +29,10 @@ int main(void) {
     const intptr_t destinations[] = {(intptr_t)&numberAfter};
     const int countAfter = TQ_sscanf("0042", "%i", destinations);
 
-    printf("before: %s, %d\nunchanged: %s\nafter: %s, %d\n", before, numberBefore, unchanged, after, (int)numberAfter);
-    return strcmp(before, "C:\\temp\\BEEF") != 0 || countBefore != 1 || numberBefore != 42 ||
-           strcmp(unchanged, "C:\temp%X") != 0 || strcmp(after, "C:\\temp\\BEEF") != 0 || countAfter != 1 ||
+    printf("before: %s, %d\nunchanged: %s\nafter: %s, %d\n", before,
+           numberBefore, unchanged, after, (int)numberAfter);
+    return strcmp(before, "C:\\temp\\BEEF") != 0 || countBefore != 1 ||
+           numberBefore != 42 || strcmp(unchanged, "C:\temp%X") != 0 ||
+           strcmp(after, "C:\\temp\\BEEF") != 0 || countAfter != 1 ||
            numberAfter != 42;
 }

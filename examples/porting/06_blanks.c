@@ -1,4 +1,5 @@
-/* TQ_sscanf() passes over blanks at the input's start and at a space in the format, nowhere else. */
+/* TQ_sscanf() passes over blanks at the input's start and at a space in
+ * the format, nowhere else. */
 #include <stdio.h>
 #include <strlib.h>
 
@@ -10,12 +11,16 @@ int main(void) {
     int xBefore = 0, yBefore = 0;
     const int before = sscanf(" 3  4", "%d%d", &xBefore, &yBefore);
 
-    /* The letters alone exchanged: the second number does not begin at a blank. */
+    /* The letters alone exchanged: the second number does not begin at
+     * a blank. */
     const int unchanged = TQ_sscanf(" 3  4", "%i%i", destinations);
 
-    /* After: a space wherever blanks may stand. A tab or a line feed in the format would want just that byte. */
+    /* After: a space wherever blanks may stand. A tab or a line feed in
+     * the format would want just that byte. */
     const int after = TQ_sscanf(" 3  4", "%i %i", destinations);
 
-    printf("before: %d\nunchanged: %d\nafter: %d\n", before, unchanged, after);
-    return before != 2 || xBefore != 3 || yBefore != 4 || unchanged != 1 || after != 2 || x != 3 || y != 4;
+    printf("before: %d\nunchanged: %d\nafter: %d\n", before, unchanged,
+           after);
+    return before != 2 || xBefore != 3 || yBefore != 4 ||
+           unchanged != 1 || after != 2 || x != 3 || y != 4;
 }

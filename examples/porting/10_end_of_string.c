@@ -15,7 +15,10 @@ int main(void) {
     /* After: the end is where the length says. */
     const char *endAfter = text + TQANSI_strlen(text);
 
-    printf("before: %d\nunchanged: %s\nafter: %d\n", (int)(endBefore - text), unchanged == NULL ? "null" : "found",
+    printf("before: %d\nunchanged: %s\nafter: %d\n",
+           (int)(endBefore - text),
+           unchanged == NULL ? "null" : "found",
            (int)(endAfter - text));
-    return endBefore != text + 5 || unchanged != NULL || endAfter != text + 5;
+    return endBefore != text + 5 || unchanged != NULL ||
+           endAfter != text + 5;
 }
