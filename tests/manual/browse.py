@@ -1,7 +1,7 @@
-"""Reads the manual in a headless browser as a reader with a telephone would: browse.py HTML [SCREENSHOTS]
+"""Reads the manual in a headless browser: browse.py HTML [SCREENSHOTS]
 
-Every page loads without an error, shows a title and text, and fits a width of 400 pixels, light and dark; every link to
-another page leads to one; the search finds a routine. With a folder for screenshots, leaves one of each page there.
+Every page loads without an error, shows a title and text, and fits the width of a telephone and of a desktop, in light
+and dark; every link to another page leads to one; the search finds a routine. With a folder for screenshots, leaves one of each page there.
 """
 
 import base64
@@ -14,7 +14,8 @@ import time
 import urllib.request
 from pathlib import Path
 
-WIDTH = 400
+TELEPHONE, DESKTOP = 400, 1280
+READERS = [(TELEPHONE, "light"), (TELEPHONE, "dark"), (DESKTOP, "light")]
 ROUTINE = "TQ_sscanf"
 
 # What can be scrolled sideways, or would be if it were not cut off: the page, and any box in it.
@@ -72,8 +73,9 @@ class Browser:
     def complaints(self):
         return [entry["message"] for entry in self.post("/se/log", {"type": "browser"})]
 
-    def emulate(self, scheme):
-        self.command("Emulation.setDeviceMetricsOverride", width=WIDTH, height=800, deviceScaleFactor=1, mobile=True)
+    def emulate(self, width, scheme, height=800):
+        self.command("Emulation.setDeviceMetricsOverride", width=width, height=height, deviceScaleFactor=1,
+                     mobile=width == TELEPHONE)
         self.command("Emulation.setEmulatedMedia", features=[{"name": "prefers-color-scheme", "value": scheme}])
 
     def close(self):
@@ -109,39 +111,44 @@ def search_faults(browser, html):
     return browser.complaints() + ([] if any(ROUTINE in text for text in found) else [f"does not find {ROUTINE}: {found}"])
 
 
-def screenshot(browser, target):
-    height = browser.run("return Math.max(800, document.getElementById('doc-content').scrollHeight + 130)")
-    browser.command("Emulation.setDeviceMetricsOverride", width=WIDTH, height=min(height, 4000), deviceScaleFactor=1,
-                    mobile=True)
+def screenshot(browser, reader, target):
+    height = browser.run("return document.getElementById('doc-content').scrollHeight + 130")
+    browser.emulate(*reader, height=max(800, min(height, 4000)))
     target.write_bytes(base64.b64decode(browser.command("Page.captureScreenshot")["data"]))
+    browser.emulate(*reader)
+
+
+def faults_for(browser, reader, pages, screenshots):
+    faults = []
+    browser.emulate(*reader)
+    for page in pages:
+        faults += [f"{page.name}, {reader}: {fault}" for fault in page_faults(browser, page)]
+        if screenshots:
+            screenshot(browser, reader, screenshots / f"{page.stem}-{reader[1]}-{reader[0]}.png")
+    return faults
+
+
+def all_faults(browser, html, pages, screenshots):
+    faults = []
+    backgrounds = {}
+    for reader in READERS:
+        faults += faults_for(browser, reader, pages, screenshots)
+        backgrounds[reader[1]] = browser.run(BACKGROUND)
+    if backgrounds["light"] == backgrounds["dark"]:
+        faults.append(f"light and dark look alike: {backgrounds}")
+    return faults + search_faults(browser, html)
 
 
 def main(html, screenshots=None):
-    pages = sorted(page for page in html.glob("*.html"))
-    failed = 0
+    pages = sorted(html.glob("*.html"))
     with tempfile.TemporaryDirectory() as profile:
         browser = Browser(profile)
         try:
-            backgrounds = set()
-            for scheme in ("light", "dark"):
-                browser.emulate(scheme)
-                for page in pages:
-                    faults = page_faults(browser, page)
-                    failed += bool(faults)
-                    for fault in faults:
-                        print(f"{page.name}, {scheme}: {fault}")
-                    if screenshots:
-                        screenshot(browser, screenshots / f"{page.stem}-{scheme}.png")
-                        browser.emulate(scheme)
-                backgrounds.add(browser.run(BACKGROUND))
-            faults = search_faults(browser, html)
-            if len(backgrounds) < 2:
-                faults.append(f"light and dark look alike: {backgrounds}")
-            print("".join(f"{fault}\n" for fault in faults), end="")
+            faults = all_faults(browser, html, pages, screenshots) if pages else ["no pages"]
         finally:
             browser.close()
-    print(f"{len(pages)} pages, {failed + len(faults)} with faults")
-    return 1 if failed or faults or not pages else 0
+    print(*faults, f"{len(pages)} pages, {len(faults)} faults", sep="\n")
+    return 1 if faults else 0
 
 
 sys.exit(main(*(Path(argument).resolve() for argument in sys.argv[1:])))
