@@ -18,6 +18,14 @@ set(strlibDoxygenWarnings NO)
 if(STRLIB_WERROR)
   set(strlibDoxygenWarnings FAIL_ON_WARNINGS)
 endif()
+
+# The manual's looks, where Debian's package of them is there; it reads well without.
+find_path(STRLIB_STYLE doxygen-awesome.css PATH_SUFFIXES share/doxygen-awesome-css)
+set(strlibStylesheets "\"${PROJECT_SOURCE_DIR}/docs/reference/reference.css\"")
+if(STRLIB_STYLE)
+  string(PREPEND strlibStylesheets
+    "\"${STRLIB_STYLE}/doxygen-awesome.css\" \"${STRLIB_STYLE}/doxygen-awesome-sidebar-only.css\" ")
+endif()
 configure_file(${PROJECT_SOURCE_DIR}/docs/Doxyfile.in ${PROJECT_BINARY_DIR}/Doxyfile @ONLY)
 file(GLOB_RECURSE strlibManualSources CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/docs/*.md ${PROJECT_SOURCE_DIR}/docs/*.svg ${PROJECT_SOURCE_DIR}/docs/reference/*

@@ -9,8 +9,12 @@ import textwrap
 import xml.etree.ElementTree as ElementTree
 from pathlib import Path
 
+EXAMPLES = Path(__file__).parents[2] / "examples/porting"
+
 # Typesetting would turn these into look-alikes; here they are bytes of arguments and results.
 ESCAPES = str.maketrans({"\\": r"\e", "'": r"\(aq", "`": r"\(ga", "-": r"\-", "^": r"\(ha", "~": r"\(ti"})
+# Stands in running text until its blanks are settled.
+LINE_BREAK = "\0"
 FONTS = {"computeroutput": "B", "emphasis": "I", "bold": "B"}
 
 
@@ -22,7 +26,9 @@ def inline(node):
     """The running text of a paragraph, without the blocks in it."""
     text = escaped(node.text)
     for child in node:
-        if child.tag not in BLOCKS:
+        if child.tag == "linebreak":
+            text += LINE_BREAK
+        elif child.tag not in BLOCKS:
             inner = inline(child)
             if child.tag == "computeroutput":
                 inner = re.sub("  +", lambda blanks: r"\ " * len(blanks[0]), inner)
@@ -53,13 +59,19 @@ BLOCKS = {
 }
 
 
+def paragraph(para):
+    text = " ".join(inline(para).split())
+    lines = [".PP", re.sub(f" ?{LINE_BREAK} ?", "\n.br\n", text)] if text else []
+    return lines + [line for child in para for line in BLOCKS.get(child.tag, lambda block: [])(child)]
+
+
 def paragraphs(node):
     lines = []
-    for para in node.findall("para"):
-        text = " ".join(inline(para).split())
-        lines += [".PP", text] if text else []
-        for child in para:
-            lines += BLOCKS.get(child.tag, lambda block: [])(child)
+    for child in node:
+        if child.tag == "para":
+            lines += paragraph(child)
+        elif child.tag.startswith("sect"):
+            lines += [f".SS {escaped(child.findtext('title'))}", *paragraphs(child)]
     return lines
 
 
@@ -71,7 +83,7 @@ def prototype(member):
     head = declared(member, member.findtext("name")) + "("
     parameters = [declared(param, param.findtext("declname")) for param in member.findall("param")]
     unbroken = ", ".join(parameter.replace(" ", "\0") for parameter in parameters)
-    lines = textwrap.wrap(head.replace(" ", "\0") + unbroken + ");", 74, subsequent_indent="\0" * len(head))
+    lines = textwrap.wrap(head.replace(" ", "\0") + unbroken + ");", 73, subsequent_indent="\0" * len(head))
     return [line.replace("\0", " ") for line in lines]
 
 
@@ -82,7 +94,19 @@ def page(name, brief, sections, version):
     return "\n".join(lines) + "\n"
 
 
-def routine_page(member, family, version):
+def example(path):
+    """A program, shown whole; its opening comment says what it shows, and of which routines."""
+    comment, code = re.fullmatch(r"/\* (.*?) \*/\n(.*)", path.read_text(encoding="utf-8"), re.DOTALL).groups()
+    about = " ".join(line.strip().removeprefix("* ") for line in comment.splitlines())
+    lines = [line.replace("\t", " " * 8) for line in code.rstrip().splitlines()]
+    return about, [".PP", escaped(about), ".PP", ".nf", *map(escaped, lines), ".fi"]
+
+
+def examples_of(name, examples):
+    return [line for about, lines in examples if f"{name}()" in about for line in lines]
+
+
+def routine_page(member, family, examples, version):
     name = member.findtext("name")
     details = member.find("detaileddescription")
     arguments = []
@@ -97,6 +121,7 @@ def routine_page(member, family, version):
                         + paragraphs(family.find("detaileddescription"))),
         ("ARGUMENTS", arguments),
         ("RESULT", paragraphs(result) if result is not None else []),
+        ("EXAMPLES", examples_of(name, examples)),
         ("SEE ALSO", [", ".join(rf"\fB{other}\fR(3)" for other in [*others, "strlib"])]),
     ], version)
 
@@ -118,13 +143,14 @@ def main(xml, target, version):
         return ElementTree.parse(xml / f"{identity}.xml").getroot().find("compounddef")
 
     target.mkdir(parents=True)
+    examples = [example(path) for path in sorted(EXAMPLES.glob("*.c"))]
     root = compound("indexpage")
     # The families in the order in which the main page lists them.
     references = [ref.get("refid") for ref in root.iter("ref") if ref.get("kindref") == "compound"]
     families = [compound(reference) for reference in references if reference.startswith("group__")]
     for family in families:
         for member in family.iterfind(".//memberdef[@kind='function']"):
-            (target / f"{member.findtext('name')}.3").write_text(routine_page(member, family, version))
+            (target / f"{member.findtext('name')}.3").write_text(routine_page(member, family, examples, version))
     (target / "strlib.3").write_text(main_page(root, compound("strlib_8h"), families, version))
 
 

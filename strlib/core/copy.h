@@ -83,12 +83,13 @@ template <class Ends, class Limit>
 [[gnu::always_inline]] inline uint8_t *copyOn(uint8_t *to, block::Address address, Ends ends, Limit limit) {
     using namespace block;
     // The last bytes, of which the first block of a pair may be copied as a whole.
-    const auto finish = [&](Block low, bool isInHigh, size_t rest) {
+    const auto finish = [&](Block low, size_t rest) {
         address -= copyStep;
-        if (byPairs && isInHigh) {
+        if (byPairs && rest > size) {
             store(to, low);
             to += size;
             address += size;
+            rest -= size;
         }
         return copyTail(to, address, rest);
     };
@@ -105,15 +106,11 @@ template <class Ends, class Limit>
         const Flags inHigh = ends(high);
         if (byPairs ? anyOfPair(inLow, inHigh) : any(inLow)) {
             Mask end = pack(inLow);
-            const bool isInHigh = byPairs && end == 0;
-            if (isInHigh) end = pack(inHigh);
-            return finish(low, isInHigh, limit.clip(first(end)) + Limit::endIsCopied) - Limit::endIsCopied;
+            const size_t before = byPairs && end == 0 ? size : 0;
+            if (before != 0) end = pack(inHigh);
+            return finish(low, limit.clip(before + first(end)) + Limit::endIsCopied) - Limit::endIsCopied;
         }
-        if (!limit.pass(copyStep)) {
-            const size_t rest = limit.left(copyStep);
-            const bool isInHigh = byPairs && rest > size;
-            return finish(low, isInHigh, isInHigh ? rest - size : rest);
-        }
+        if (!limit.pass(copyStep)) return finish(low, limit.left(copyStep));
         store(to, low);
         to = stepped(to + size);
         if constexpr (byPairs) {
