@@ -23,7 +23,7 @@ int32_t X_TAMBRO_gets(char *destination, int32_t size, const char *source) {
     uint8_t *to = bytesOf(destination);
     size_t room = static_cast<size_t>(size);
     for (; room != 0; ++at) {
-        uint8_t *const end = copyUntil(to, at, Marks(), Within{room - 1});
+        uint8_t *const end = copyUntil<false>(to, at, Marks(), Within{room - 1});
         const size_t count = static_cast<size_t>(end - to);
         at += count;
         to = end;

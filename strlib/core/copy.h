@@ -122,12 +122,12 @@ template <class Ends, class Limit>
 
 // Copies the bytes before the first at which the copy ends, or as many as the limit allows, and gives the place behind
 // the copy. A copy without a limit copies the byte that ends it as well.
-template <class Ends, class Limit>
+template <bool mayOverlap = true, class Ends, class Limit>
 [[gnu::always_inline]] inline uint8_t *copyUntil(uint8_t *destination, const uint8_t *source, Ends ends, Limit limit) {
     using namespace block;
     if constexpr (!copiesByBlocks) return copyByBytes(destination, source, ends, limit);
     const size_t distance = addressOf(destination) - addressOf(source);
-    if (distance + 2 * size - 1 < 4 * size - 1) return copyByBytes(destination, source, ends, limit);
+    if (mayOverlap && distance + 2 * size - 1 < 4 * size - 1) return copyByBytes(destination, source, ends, limit);
 
     // What the first two aligned blocks hold of the text is copied as a whole if it ends there.
     const Address start = beginReading(source);
