@@ -332,7 +332,9 @@ std::optional<std::string_view> add(To &&destination, const char *source, std::i
     const std::span room(destination);
     if (static_cast<std::size_t>(TQANSI_strlen(source)) >= room.size()) return std::nullopt;
 #pragma GCC diagnostic push
+#if !defined(__clang__)
 #pragma GCC diagnostic ignored "-Wattribute-warning" /* where GCC knows the source but not what has been tested */
+#endif
     return detail::viewOf(string_operator_add(room.data(), source, addend));
 #pragma GCC diagnostic pop
 }
