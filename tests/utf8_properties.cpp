@@ -108,7 +108,8 @@ const Property characterSetSearch("character set search", [](Choices &choices) {
     requirePosition(TQANSI_strpbrkUTF8(start, string(choices, 1, set)), start, expected);
     const bool found = expected != model::none;
     choices.outcome("two bytes and more, behind byte 16", 3, found && expected > 16 && member.size() >= 2);
-    choices.outcome("before the set is seen to be broken", 3, found && expected == 0 && set.back() < 0);
+    choices.outcome("before the set is seen to be broken", 3,
+                    found && expected == 0 && static_cast<uint8_t>(set.back()) >= 0x80);
     choices.outcome("nowhere, although it begins", 15,
                     !found && member.size() > 1 && text.find(member[0]) != model::none);
 });

@@ -25,7 +25,7 @@ const std::string &blanks() {
 
 std::string lowered(std::string string) {
     for (char &byte : string) {
-        if (isContained("ABCDEFGHIJKLMNOPQRSTUVWXYZ", byte)) byte = static_cast<char>(byte + 32);
+        if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte + 32);
     }
     return string;
 }
