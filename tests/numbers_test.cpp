@@ -7,9 +7,6 @@
 #include <cstring>
 #include <string>
 
-#include "support/choices.h"
-#include "support/model.h"
-
 namespace {
 
 intptr_t slot(const void *address) { return std::bit_cast<intptr_t>(address); }
@@ -37,32 +34,6 @@ TEST_CASE("integers of many digits wrap") {
         CAPTURE(row.first);
         CHECK(TQANSI_atoi(row.first) == row.second);
     }
-}
-
-TEST_CASE("integers around every change of digits come back in every radix") {
-    for (int32_t radix = 2; radix <= 36; ++radix) {
-        for (int64_t power = 1; power <= INT_MAX; power *= radix) {
-            for (const int64_t wide : {power - 1, power, power + 1, -power, -power - 1, int64_t{INT_MIN}}) {
-                const auto value = static_cast<int32_t>(wide);
-                const std::string expected = *model::writtenInteger(value, 40, radix);
-                char buffer[40];
-                REQUIRE(TQANSI_itoa(value, buffer, sizeof buffer, radix) == buffer);
-                REQUIRE(expected == buffer);
-            }
-        }
-    }
-}
-
-TEST_CASE("reciprocals divide exactly") {
-    // Decimal texts of values all over the range, and all of it in a long run.
-    const uint32_t step = tests::depthShift() > 0 ? 1 : tests::depthShift() == 0 ? 997 : 99991;
-    uint32_t wrong = 0;
-    for (uint64_t value = 0; value < uint64_t{1} << 31; value += step) {
-        char buffer[12];
-        TQANSI_itoa(static_cast<int32_t>(value), buffer, sizeof buffer, 10);
-        wrong += static_cast<uint64_t>(TQANSI_atoi(buffer)) != value;
-    }
-    CHECK(wrong == 0);
 }
 
 TEST_CASE("unusable buffers") {

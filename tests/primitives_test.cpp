@@ -3,9 +3,8 @@
 
 #include <array>
 #include <climits>
+#include <cstddef>
 #include <string>
-
-#include "support/model.h"
 
 namespace {
 
@@ -139,26 +138,5 @@ TEST_CASE("a search never costs much more than the sum of the lengths") {
                                       std::string(20000, 'a') + "b" + std::string(20000, 'a')}) {
         CHECK(TQANSI_strstr(text.c_str(), sought.c_str()) == nullptr);
         CHECK(TQ_stristr(text.c_str(), sought.c_str()) == nullptr);
-    }
-}
-
-TEST_CASE("classes of all bytes, whatever stands above their low 8 bits") {
-    const std::string capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
-    const std::string smalls = "abcdefghijklmnopqrstuvwxyz";
-    std::array<uint8_t, 256> attributes = {};
-    for (char digit = '0'; digit <= '9'; ++digit) attributes[static_cast<uint8_t>(digit)] = 1;
-    for (const char letter : smalls) attributes[static_cast<uint8_t>(letter)] = 2;
-    for (int32_t value = -600; value < 600; ++value) {
-        CAPTURE(value);
-        const char byte = static_cast<char>(value & 0xFF);
-        const bool small = byte != 0 && smalls.find(byte) != std::string::npos;
-        const bool capital = byte != 0 && capitals.find(byte) != std::string::npos;
-        const bool digit = (value & 0xFF) >= '0' && (value & 0xFF) <= '9';
-        CHECK(TQANSI_isalpha(value) == (small || capital));
-        CHECK(TQANSI_isdigit(value) == digit);
-        CHECK(TQANSI_toupper(value) == (small && value > 0 && value < 256 ? value - 32 : value));
-        CHECK(TQ_isAttribute(0x101, attributes.data(), value) == digit);
-        CHECK(TQ_isAttribute(0xFFFFFF03, attributes.data(), value) == (digit || small));
-        CHECK(TQ_isAttribute(0xFFFFFF00, attributes.data(), value) == 0);
     }
 }

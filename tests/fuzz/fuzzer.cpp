@@ -1,6 +1,6 @@
 #include <cstdio>
 
-#include "properties.h"
+#include "support/property.h"
 
 namespace {
 
@@ -26,7 +26,7 @@ private:
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
     Bytes choices(data, size);
-    const tests::Property &property = choices.pick(tests::properties());
+    const tests::Property &property = *choices.pick(tests::Property::all());
     try {
         property.check(choices);
     } catch (const std::exception &failure) {

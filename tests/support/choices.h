@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <random>
 #include <string>
 #include <string_view>
@@ -19,6 +20,14 @@ struct Placement {
     uint32_t alignment;
 };
 
+// What a round may come to, the least share of the rounds that must, and how many have.
+struct Outcome {
+    const char *name;
+    uint32_t percent;
+    uint32_t told;
+    uint32_t reached;
+};
+
 class Choices {
 public:
     virtual ~Choices() = default;
@@ -30,6 +39,10 @@ public:
     // tried.
     virtual std::string text(std::string_view alphabet, uint32_t depth) = 0;
 
+    // Whether inputs are long, so that what is rare among them must be made on purpose; all small ones come by anyway.
+    virtual bool isLong() const = 0;
+    bool steers() { return isLong() && flag(); }
+
     bool flag() { return below(2) != 0; }
     int32_t between(int32_t first, int32_t last) {
         return first + static_cast<int32_t>(below(static_cast<uint32_t>(last - first + 1)));
@@ -38,6 +51,19 @@ public:
     auto pick(const Values &values) {
         return std::data(values)[below(static_cast<uint32_t>(std::size(values)))];
     }
+
+    // Tells whether the round has come to something. Every round tells all of its property's outcomes.
+    void outcome(const char *name, uint32_t percent, bool reached) {
+        size_t index = 0;
+        while (index < outcomes_.size() && std::strcmp(outcomes_[index].name, name) != 0) ++index;
+        if (index == outcomes_.size()) outcomes_.push_back({name, percent, 0, 0});
+        ++outcomes_[index].told;
+        outcomes_[index].reached += reached;
+    }
+    const std::vector<Outcome> &outcomes() const { return outcomes_; }
+
+private:
+    std::vector<Outcome> outcomes_;
 };
 
 // -1 for slow targets, 0 for every day, 1 and more for long runs.
@@ -63,6 +89,7 @@ public:
         for (char &byte : text) byte = pick(alphabet);
         return text;
     }
+    bool isLong() const override { return false; }
 
     bool advance() {
         next_ = 0;
@@ -79,12 +106,13 @@ private:
     size_t next_ = 0;
 };
 
-// Long texts, half of them over all byte values, with long stretches that are alike so that comparisons get far.
+// Long texts, a quarter of them over all byte values, most with long stretches that are alike so that comparisons get
+// far.
 class Stream : public Choices {
 public:
     Placement placement() override { return {static_cast<decltype(Placement::where)>(below(3)), below(32)}; }
     std::string text(std::string_view alphabet, uint32_t) override {
-        static constexpr uint32_t longest[] = {3, 12, 40, 200};
+        static constexpr uint32_t longest[] = {3, 20, 60, 200};
         std::string text(below(pick(longest) + 1), '\0');
         const uint32_t manner = below(4);
         const char repeated = pick(alphabet);
@@ -98,6 +126,7 @@ public:
         }
         return text;
     }
+    bool isLong() const override { return true; }
 };
 
 class Random : public Stream {

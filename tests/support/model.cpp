@@ -12,9 +12,7 @@ uint8_t byteAt(const std::string &string, size_t index) {
     return index < string.size() ? static_cast<uint8_t>(string[index]) : 0;
 }
 
-bool isContained(const std::string &bytes, uint8_t byte) {
-    return bytes.find(static_cast<char>(byte)) != std::string::npos;
-}
+bool isContained(const std::string &bytes, char byte) { return bytes.find(byte) != std::string::npos; }
 
 const std::string &blanks() {
     static const std::string all = [] {
@@ -27,7 +25,7 @@ const std::string &blanks() {
 
 std::string lowered(std::string string) {
     for (char &byte : string) {
-        if (isContained("ABCDEFGHIJKLMNOPQRSTUVWXYZ", static_cast<uint8_t>(byte))) byte = static_cast<char>(byte + 32);
+        if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte + 32);
     }
     return string;
 }
@@ -123,68 +121,52 @@ std::optional<std::string> writtenInteger(int32_t value, int32_t size, int32_t r
     return text.size() < static_cast<size_t>(size) ? std::optional(text) : std::nullopt;
 }
 
-std::string print(uint32_t size, const std::string &format, const std::vector<Argument> &arguments) {
-    enum { between, directive, conversion, literal, finish } state = between;
+namespace {
+
+// The width that a run of digits gives: of its groups of seven, the last one counts.
+uint32_t takeWidth(const std::string &format, size_t &at) {
+    const std::string digits = prefixOf(format.substr(at), decimals);
+    at += digits.size();
+    if (digits.empty()) return UINT32_MAX;
+    return static_cast<uint32_t>(std::stoul(digits.substr((digits.size() - 1) / 7 * 7)));
+}
+
+char escaped(char letter) { return letter == 'r' ? '\r' : letter == 't' ? '\t' : letter == 'n' ? '\n' : letter; }
+
+}  // namespace
+
+std::string print(uint32_t size, const std::string &format, const std::function<Argument(char)> &next) {
     std::string output;
-    size_t at = 0;
-    size_t slot = 0;
-    uint32_t width = UINT32_MAX;
-    uint8_t pending = 0;
-    for (;;) {
-        const uint8_t byte = byteAt(format, at);
-        switch (state) {
-            case between:
-                width = UINT32_MAX;
-                pending = byte;
-                state = byte == 0 ? finish : byte == '%' ? directive : literal;
-                at += byte != 0;
-                break;
-            case directive:
-                if (isContained(decimals, byte) && byte != 0) {
-                    const std::string group = prefixOf(format.substr(at, 7), decimals);
-                    width = static_cast<uint32_t>(std::stoul(group));
-                    at += group.size();
-                    break;
-                }
-                pending = byte;
-                state = byte == 0 ? finish : byte == 'd' || byte == 's' || byte == 'c' ? conversion : literal;
-                at += byte != 0;
-                break;
-            case conversion: {
-                const Argument &argument = arguments.at(slot++);
+    for (size_t at = 0; at < format.size();) {
+        char byte = format[at++];
+        if (byte == '%') {
+            const uint32_t width = takeWidth(format, at);
+            if (at == format.size()) break;
+            byte = format[at++];
+            if (isContained("dsc", byte)) {
+                const Argument argument = next(byte);
                 std::string item;
-                size_t bound = 0;
-                if (pending == 's') {
+                size_t bound = 11;
+                if (byte == 'd') {
+                    bound = std::min<size_t>(width, bound);
+                    item = std::to_string(std::get<int32_t>(argument));
+                    if (item.size() >= bound) item.clear();
+                } else if (byte == 'c') {
+                    item = static_cast<char>(std::get<int32_t>(argument));
+                    bound = 1;
+                } else {
                     const char *const string = std::get<const char *>(argument);
                     item = string == nullptr ? "" : string;
                     bound = item.size();
-                } else if (pending == 'c') {
-                    item = std::string(1, static_cast<char>(std::get<int32_t>(argument)));
-                    bound = 1;
-                } else {
-                    bound = std::min<uint32_t>(width, 11);
-                    item = std::to_string(std::get<int32_t>(argument));
-                    if (item.size() >= bound) item.clear();
                 }
                 if (output.size() + bound < size) output += item;
-                state = between;
-                break;
+                continue;
             }
-            case literal:
-                if (output.size() + 1 >= size) {
-                    state = finish;
-                    break;
-                }
-                if (pending == '\\' && byte != 0) {
-                    pending = byte == 'r' ? '\r' : byte == 't' ? '\t' : byte == 'n' ? '\n' : byte;
-                    ++at;
-                }
-                output += static_cast<char>(pending);
-                state = between;
-                break;
-            case finish: return output + '\0';
         }
+        if (output.size() + 1 >= size) break;
+        output += byte == '\\' && at < format.size() ? escaped(format[at++]) : byte;
     }
+    return output + '\0';
 }
 
 namespace {
@@ -225,89 +207,56 @@ bool scanField(char kind, const std::string &input, size_t &at, uint32_t width, 
 }  // namespace
 
 Scan scan(const std::string &input, const std::string &format) {
-    if (input.empty() || format.empty()) return {-1, {}};
-    enum { between, directive, sized, conversion, literal } state = between;
     Scan result = {-1, {}};
+    if (input.empty()) return result;
     size_t position = std::min(input.find_first_not_of(blanks()), input.size());
-    const std::string skipped = input.substr(0, position);
-    size_t at = 0;
-    uint32_t width = 0;
+    std::string skipped = input.substr(0, position);  // for the pairs that open the format
     size_t size = 4;
-    uint8_t pending = 0;
-    std::string stops;
-    bool opening = true;
-    for (;;) {
-        const uint8_t byte = byteAt(format, at);
-        const bool completes = state == literal || state == conversion;
-        if (byte == 0 && !completes) return result;
-        if (!completes) ++at;
-        switch (state) {
-            case between:
-                width = UINT32_MAX;
-                pending = byte;
-                state = byte == '%' ? directive : literal;
-                break;
-            case directive:
-                pending = byte;
-                state = literal;
-                if (isContained(decimals, byte)) {
-                    const std::string group = prefixOf(format.substr(at - 1, 7), decimals);
-                    width = static_cast<uint32_t>(std::stoul(group));
-                    at += group.size() - 1;
-                    state = directive;
-                } else if (isContained("bhl", byte)) {
-                    size = byte == 'b' ? 1 : byte == 'h' ? 2 : 4;
-                    state = sized;
-                } else if (isContained("csiun", byte)) {
-                    stops = blanks();
-                    state = conversion;
-                } else if (byte == '[') {
-                    const std::string form = format.substr(at, 3);
-                    if (form.empty() || form == "^" || (form.size() == 2 && form[0] == '^')) return result;
-                    const size_t length = form[0] == '^' ? 3 : 1;
-                    at += length;
-                    stops = form.substr(1, 1);
-                    if (form[length - 1] == ']' && length == 3)
-                        state = conversion;
-                    else
-                        pending = static_cast<uint8_t>(form[length - 1]);
-                }
-                break;
-            case sized:
-                pending = byte;
-                state = byte == 'i' || byte == 'u' ? conversion : literal;
-                break;
-            case conversion: {
-                result.result = std::max(result.result, 0);
-                Field field = {static_cast<char>(pending), ""};
-                const bool success = scanField(field.kind, input, position, width, stops, size, field.bytes);
-                result.fields.push_back(field);
-                if (!success) return result;
-                result.result += pending != 'n';
-                opening = false;
-                state = between;
-                break;
-            }
-            case literal: {
-                bool lineEnd = false;
-                if (pending == '\\') {
-                    if (byte == 0) return result;
-                    ++at;
-                    pending = byte == 'r' ? '\r' : byte == 't' ? '\t' : byte == 'n' ? '\n' : byte;
-                    lineEnd = pending != byte;
-                }
-                opening = opening && lineEnd;
-                if (pending == ' ')
-                    position = std::min(input.find_first_not_of(blanks(), position), input.size());
-                else if (byteAt(input, position) == pending)
-                    ++position;
-                else if (!opening || !isContained(skipped, pending))
-                    return result;
-                state = between;
-                break;
+    for (size_t at = 0; at < format.size();) {
+        uint32_t width = UINT32_MAX;
+        std::string stops = blanks();
+        char kind = 0;
+        char byte = format[at++];
+        if (byte == '%') {
+            width = takeWidth(format, at);
+            if (at == format.size()) break;
+            byte = format[at++];
+            if (isContained("csiun", byte)) {
+                kind = byte;
+            } else if (isContained("bhl", byte)) {
+                size = byte == 'b' ? 1 : byte == 'h' ? 2 : 4;
+                if (at == format.size()) break;
+                byte = format[at++];
+                if (byte == 'i' || byte == 'u') kind = byte;
+            } else if (byte == '[') {
+                const size_t length = format[at] == '^' ? 3 : 1;
+                if (at + length > format.size()) break;
+                stops = format[at + 1];
+                at += length;
+                byte = format[at - 1];
+                if (length == 3 && byte == ']') kind = '[';
             }
         }
+        if (kind != 0) {
+            result.result = std::max(result.result, 0);
+            result.fields.push_back({kind, ""});
+            if (!scanField(kind, input, position, width, stops, size, result.fields.back().bytes)) break;
+            result.result += kind != 'n';
+            skipped.clear();
+            continue;
+        }
+        const bool pair = byte == '\\';
+        if (pair && at == format.size()) break;
+        if (!pair || !isContained("rtn", format[at])) skipped.clear();
+        if (pair) byte = escaped(format[at++]);
+        if (byte == ' ')
+            position = std::min(input.find_first_not_of(blanks(), position), input.size());
+        else if (byteAt(input, position) == static_cast<uint8_t>(byte))
+            ++position;
+        else if (!isContained(skipped, byte))
+            break;
     }
+    return result;
 }
 
 Line line(const std::string &source, size_t size) {

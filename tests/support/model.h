@@ -5,6 +5,7 @@
 // one routine using another. Positions are indices, and `none` where there is nothing.
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <variant>
@@ -33,8 +34,8 @@ int32_t readInteger(const std::string &text);
 std::optional<std::string> writtenInteger(int32_t value, int32_t size, int32_t radix);
 
 using Argument = std::variant<int32_t, const char *>;
-// The bytes stored, with the final NUL.
-std::string print(uint32_t size, const std::string &format, const std::vector<Argument> &arguments);
+// The bytes stored, with the final NUL; `next` gives the argument of each conversion, told its letter.
+std::string print(uint32_t size, const std::string &format, const std::function<Argument(char)> &next);
 
 // What a scan stores: for each conversion reached its letter, and the bytes written (little end first for integers).
 struct Field {

@@ -1,0 +1,54 @@
+#ifndef TESTS_SUPPORT_PROPERTY_H
+#define TESTS_SUPPORT_PROPERTY_H
+
+#include <stdexcept>
+#include <vector>
+
+#include "choices.h"
+#include "memory.h"
+#include "model.h"
+
+namespace tests {
+
+// A routine's result, its out-parameters and every byte that it may or must not write equal the model's. A property
+// throws where they do not. Defined at namespace scope, it is one of those that the drivers run.
+class Property {
+public:
+    Property(const char *ofName, void (*ofCheck)(Choices &)) : name(ofName), check(ofCheck) { all().push_back(this); }
+
+    static std::vector<const Property *> &all() {
+        static std::vector<const Property *> properties;
+        return properties;
+    }
+
+    const char *const name;
+    void (*const check)(Choices &choices);
+};
+
+// One byte of each class that some routine tells apart.
+inline constexpr std::string_view alphabet("aAbz0 \n\r\x7F\x80\xC3\xFF", 12);
+
+void require(bool holds, const char *what);
+void requireEqual(int64_t actual, int64_t expected, const char *what);
+void requirePosition(const char *result, const char *start, size_t expected);
+// Whether a region holds these bytes, and nothing else than filler around them.
+void requireBytes(int index, const std::string &expected);
+
+// Places a string and its NUL. Each argument has a region of its own.
+char *string(Choices &choices, int index, const std::string &bytes);
+
+// Places what a routine may read of a string when it stops at `count` bytes: no NUL unless it comes first.
+char *bounded(Choices &choices, int index, const std::string &bytes, int64_t count);
+
+// The text without bytes of the set but, most times, a single one at any place.
+void plant(Choices &choices, std::string &text, const std::string &set);
+
+// A number with whatever may stand around it.
+std::string numeral(Choices &choices);
+
+// The bytes of the arguments of the last call, to tell a failure by.
+std::string lastArguments();
+
+}  // namespace tests
+
+#endif
