@@ -7,4 +7,4 @@ set(CMAKE_C_FLAGS_INIT "-mcpu=cortex-a9 -mthumb -mfloat-abi=soft")
 set(CMAKE_CXX_FLAGS_INIT "${CMAKE_C_FLAGS_INIT}")
 # A program needs a linker script and start-up code, which the compiler's own check does not have.
 set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
-set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/emulate-cortex-a9)
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/emulate-board;vexpress-a9)

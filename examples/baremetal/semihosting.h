@@ -10,8 +10,10 @@ namespace semihosting {
 inline void call(uint32_t operation, const void *parameter) {
     register uint32_t first asm("r0") = operation;
     register const void *second asm("r1") = parameter;
-    // The call is an exception to the supervisor mode, which is the mode that it is made in: it takes lr away.
-#if defined(__thumb__)
+#if __ARM_ARCH_PROFILE == 'M'
+    asm volatile("bkpt 0xAB" : "+r"(first) : "r"(second) : "memory");
+    // Elsewhere it is an exception to the supervisor mode, which is the mode that it is made in: it takes lr away.
+#elif defined(__thumb__)
     asm volatile("svc 0xAB" : "+r"(first) : "r"(second) : "lr", "memory");
 #else
     asm volatile("svc 0x123456" : "+r"(first) : "r"(second) : "lr", "memory");
@@ -23,9 +25,18 @@ inline void write(const char *text) {
     call(write0, text);
 }
 
+// The emulator reads parameters as little-endian whatever the program's data is.
+inline uint32_t littleEndian(uint32_t value) {
+#if defined(__ARM_BIG_ENDIAN)
+    return __builtin_bswap32(value);
+#else
+    return value;
+#endif
+}
+
 [[noreturn]] inline void exit(uint32_t status) {
     constexpr uint32_t exitExtended = 0x20, applicationExit = 0x20026;
-    const uint32_t parameter[] = {applicationExit, status};
+    const uint32_t parameter[] = {littleEndian(applicationExit), littleEndian(status)};
     call(exitExtended, parameter);
     for (;;) {
     }

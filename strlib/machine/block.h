@@ -41,7 +41,12 @@ inline const uint8_t *pointerTo(Address address) { return reinterpret_cast<const
 [[gnu::always_inline]] inline Address beginReading(const uint8_t *at) {
     Address address = addressOf(at);
 #if !defined(STRLIB_BLOCK_BYTE)
+    // All that follows: g++ says so by an array without a bound; clang wants one and takes any for all.
+#if defined(__clang__)
+    asm("" : "+r"(address) : "m"(*reinterpret_cast<const uint8_t(*)[1]>(at)));
+#else
     asm("" : "+r"(address) : "m"(*reinterpret_cast<const uint8_t(*)[]>(at)));
+#endif
 #endif
     return address;
 }

@@ -1,8 +1,11 @@
-// From reset to main(): a stack, cleared variables, and memory in which unaligned words may be accessed.
+// A Cortex-A9 from reset to main(), in one of two settings.
 //
-// The library reads and writes unaligned words, as ARMv7-A allows if SCTLR.A is 0 and the memory is of the type Normal.
-// Without the MMU all data is Strongly-ordered and such an access faults, whatever an emulator makes of it. Whoever
-// cannot turn the MMU on compiles the library with -mno-unaligned-access instead.
+// As a rule with the MMU on: the library reads and writes unaligned words, as ARMv7-A allows if SCTLR.A is 0 and the
+// memory is of the type Normal. Without the MMU all data is Strongly-ordered and such an access faults, whatever an
+// emulator makes of it.
+//
+// With CHECK_ALIGNMENT the MMU stays off and every unaligned access faults (SCTLR.A is 1): what a library compiled with
+// -mno-unaligned-access has to get by with.
 
 #include <stddef.h>
 #include <stdint.h>
@@ -19,9 +22,21 @@ int main();
 [[noreturn]] void fault();
 }
 
-// Reset enters in ARM state, exceptions too.
+// Reset enters in ARM state, exceptions too. NEON has to be let in (CPACR) and turned on (FPEXC).
 extern "C" [[gnu::naked, gnu::target("arm")]] void start() {
-    asm("ldr sp, =stackTop\n"
+    asm(
+#if defined(__ARM_BIG_ENDIAN)
+        "setend be\n"
+#endif
+        "ldr sp, =stackTop\n"
+#if defined(__ARM_NEON)
+        "mrc p15, 0, r0, c1, c0, 2\n"
+        "orr r0, r0, #0xF00000\n"
+        "mcr p15, 0, r0, c1, c0, 2\n"
+        "isb\n"
+        "mov r0, #0x40000000\n"
+        "vmsr fpexc, r0\n"
+#endif
         "ldr r0, =run\n"
         "bx r0\n");
 }
@@ -46,23 +61,40 @@ static void mapRam() {
         sections[address / mebibyte] = address | section | anyAccess | normalUncached;
 }
 
-static void turnMmuOn() {
-    constexpr uint32_t mmu = 1, alignmentFaults = 2, checkedDomain0 = 1, none = 0;
+static constexpr uint32_t mmu = 1, alignmentFaults = 2;
+
+// For exceptions and the table of sections.
+#if defined(__ARM_BIG_ENDIAN)
+static constexpr uint32_t byteOrder = 1 << 25;
+#else
+static constexpr uint32_t byteOrder = 0;
+#endif
+
+static void setControl(uint32_t clear, uint32_t set) {
     uint32_t control;
+    asm volatile("mrc p15, 0, %0, c1, c0, 0" : "=r"(control));  // SCTLR
+    control = (control & ~clear) | set;
+    asm volatile("mcr p15, 0, %0, c1, c0, 0\n isb" ::"r"(control) : "memory");
+}
+
+static void turnMmuOn() {
+    constexpr uint32_t checkedDomain0 = 1, none = 0;
     asm volatile("mcr p15, 0, %0, c2, c0, 2" ::"r"(none));                         // TTBCR: TTBR0 alone
     asm volatile("mcr p15, 0, %0, c2, c0, 0" ::"r"(sections));                     // TTBR0
     asm volatile("mcr p15, 0, %0, c3, c0, 0" ::"r"(checkedDomain0));               // DACR
     asm volatile("mcr p15, 0, %0, c8, c7, 0\n dsb\n isb" ::"r"(none) : "memory");  // TLBIALL
-    asm volatile("mrc p15, 0, %0, c1, c0, 0" : "=r"(control));                     // SCTLR
-    control = (control & ~alignmentFaults) | mmu;
-    asm volatile("mcr p15, 0, %0, c1, c0, 0\n isb" ::"r"(control) : "memory");
+    setControl(alignmentFaults, mmu | byteOrder);
 }
 
 void run() {
     memset(bssBegin, 0, static_cast<size_t>(bssEnd - bssBegin));
     asm volatile("mcr p15, 0, %0, c12, c0, 0\n isb" ::"r"(vectors) : "memory");  // VBAR
-    mapRam();
-    turnMmuOn();
+    if (CHECK_ALIGNMENT) {
+        setControl(mmu, alignmentFaults | byteOrder);
+    } else {
+        mapRam();
+        turnMmuOn();
+    }
     semihosting::exit(static_cast<uint32_t>(main()));
 }
 
