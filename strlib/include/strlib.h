@@ -21,7 +21,8 @@
  * position in them are limited to 2147483647 bytes. No out-parameter may overlap a text or another out-parameter.
  *
  * Where a routine is said not to read a byte, it does not depend on it and never faults on it: text may be read in
- * aligned blocks of up to 32 bytes around a byte that belongs to it, and no page of memory ends inside one.
+ * aligned blocks of up to 32 bytes around a byte that belongs to it, and no page of memory ends inside one; on x86-64
+ * with AVX2 also up to 31 bytes behind the text inside the same page of 4096 bytes.
  *
  * Results that point into a `const char *` argument are plain `char *`, as in the classic C routines.
  */

@@ -40,7 +40,9 @@ inline const uint8_t *pointerTo(Address address) { return reinterpret_cast<const
 // The address of a text that is about to be read in aligned blocks.
 [[gnu::always_inline]] inline Address beginReading(const uint8_t *at) {
     Address address = addressOf(at);
-#if !defined(STRLIB_BLOCK_BYTE)
+#if defined(__clang__) && !defined(STRLIB_BLOCK_BYTE)
+    asm("" : "+r"(address) : : "memory");  // It knows no array without a bound as an operand.
+#elif !defined(STRLIB_BLOCK_BYTE)
     asm("" : "+r"(address) : "m"(*reinterpret_cast<const uint8_t(*)[]>(at)));
 #endif
     return address;

@@ -39,7 +39,8 @@ link() {
     quietly "$2" -x c -std=gnu99 -O2 -I"$source/strlib/include" "${@:3}" "$here/forms.c" -x none "$archive" -o "$program"
 }
 
-c() { echo "${1/%g++/gcc}" | sed 's/clang++/clang/'; }
+# The compiler for C that goes with one for C++.
+c() { if [[ $1 == *clang* ]]; then echo "${1/++/}"; else echo "${1/%g++/gcc}"; fi; }
 
 case $case in
 links)
