@@ -87,7 +87,7 @@ template <class Mode, class Answer, class Limit>
     using namespace block;
     const Address start = beginReading(first);
     const Address other = beginReading(second);
-    if (leavesPage(start) | leavesPage(other)) return compareAtPageEnd<Mode, Answer>(first, second, limit);
+    if (eitherLeavesPage(start, other)) return compareAtPageEnd<Mode, Answer>(first, second, limit);
     const Mask stops = stopsIn<Mode>(loadFrom(start), loadFrom(other)) | endOf(limit, 0);
     if (stops == 0) return compareOnInPages<Mode, Answer>(first, second, limit);
     const size_t i = block::first(stops);
@@ -172,7 +172,7 @@ inline int32_t compareFew(const uint8_t *first, const uint8_t *second, size_t co
     if constexpr (loadsReachInPage) {
         const Address start = beginReading(first);
         const Address other = beginReading(second);
-        if (!(leavesPage(start) | leavesPage(other))) {
+        if (!eitherLeavesPage(start, other)) {
             // Where none differ, the last ones give the 0.
             const Mask unlike = differences(loadFrom(start), loadFrom(other)) | Mask{1} << (count - 1);
             const size_t i = block::first(unlike);

@@ -60,6 +60,9 @@ inline constexpr bool loadsReachInPage = false;
 #endif
 inline constexpr size_t pageSize = 4096;
 inline bool leavesPage(Address address) { return address % pageSize > pageSize - size; }
+inline bool eitherLeavesPage(Address first, Address second) {
+    return (int{leavesPage(first)} | int{leavesPage(second)}) != 0;  // one branch
+}
 inline Block loadFrom(Address address) { return load(pointerTo(address)); }
 
 #if defined(__AVX2__)
