@@ -16,7 +16,7 @@ if(STRLIB_STYLE)
 endif()
 configure_file(${PROJECT_SOURCE_DIR}/docs/Doxyfile.in ${PROJECT_BINARY_DIR}/Doxyfile @ONLY)
 add_custom_target(docs
-  COMMAND ${CMAKE_COMMAND} -E rm -rf ${STRLIB_DOCS_DIR}
+  COMMAND ${CMAKE_COMMAND} -E remove_directory ${STRLIB_DOCS_DIR}
   COMMAND ${CMAKE_COMMAND} -E make_directory ${STRLIB_DOCS_DIR}
   COMMAND Doxygen::doxygen ${PROJECT_BINARY_DIR}/Doxyfile
   COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/docs/reference/man_pages.py
