@@ -31,7 +31,7 @@ file(GLOB_RECURSE strlibManualSources CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/docs/*.md ${PROJECT_SOURCE_DIR}/docs/*.svg ${PROJECT_SOURCE_DIR}/docs/reference/*
   ${PROJECT_SOURCE_DIR}/examples/porting/*.c)
 add_custom_command(OUTPUT ${STRLIB_DOCS_DIR}/built
-  COMMAND ${CMAKE_COMMAND} -E rm -rf ${STRLIB_DOCS_DIR}
+  COMMAND ${CMAKE_COMMAND} -E remove_directory ${STRLIB_DOCS_DIR}
   COMMAND ${CMAKE_COMMAND} -E make_directory ${STRLIB_DOCS_DIR}
   COMMAND Doxygen::doxygen ${PROJECT_BINARY_DIR}/Doxyfile
   COMMAND Python3::Interpreter ${PROJECT_SOURCE_DIR}/docs/reference/man_pages.py

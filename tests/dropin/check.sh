@@ -48,7 +48,7 @@ auditAll() {
     shift
     while [[ $1 != -- ]]; do compiler+=("$1") && shift; done
     shift
-    for level in -O0 -O2 -Os; do
+    for level in -O1 -O2 -O3 -Os; do
         compile "$name$level.o" "${compiler[@]}" $level
         audit "$name$level.o" "$@"
     done
