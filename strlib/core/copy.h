@@ -104,8 +104,9 @@ template <class Ends, class Limit>
         }
         const Flags inLow = ends(low);
         const Flags inHigh = ends(high);
-        if (byPairs ? anyOfPair(inLow, inHigh) : any(inLow)) {
-            Mask end = pack(inLow);
+        Mask end = readsAreWatched ? limit.keep(pack(inLow), size) : 0;
+        if (byPairs ? anyOfPair(inLow, inHigh) : readsAreWatched ? end != 0 : any(inLow)) {
+            end = readsAreWatched ? end : pack(inLow);
             const size_t before = byPairs && end == 0 ? size : 0;
             if (before != 0) end = pack(inHigh);
             return finish(low, limit.clip(before + first(end)) + Limit::endIsCopied) - Limit::endIsCopied;
@@ -134,7 +135,7 @@ template <bool mayOverlap = true, class Ends, class Limit>
     const size_t offset = offsetIn(start);
     const size_t inFirst = size - offset;
     Address address = start - offset;
-    Mask end = dropFirst(pack(ends(loadAligned(address))), offset);
+    Mask end = limit.keep(dropFirst(pack(ends(loadAligned(address))), offset), inFirst);
     size_t count;
     if (end != 0)
         count = limit.clip(first(end));
@@ -142,7 +143,7 @@ template <bool mayOverlap = true, class Ends, class Limit>
         count = limit.left(inFirst);
     else {
         const Block second = loadAligned(address += size);
-        end = pack(ends(second));
+        end = limit.keep(pack(ends(second)), size);
         if (end != 0)
             count = inFirst + limit.clip(first(end));
         else if (!limit.pass(size))

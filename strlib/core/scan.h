@@ -32,6 +32,7 @@ struct Endless {
     static constexpr bool pairsPay = false;
     bool pass(size_t) const { return true; }
     void giveBack(size_t) const {}
+    block::Mask keep(block::Mask mask, size_t) const { return mask; }
     size_t left(size_t) const { return 0; }
     size_t leftWith(size_t) const { return 0; }
     size_t clip(size_t count) const { return count; }
@@ -44,6 +45,11 @@ struct Within {
     // Whether any bytes are left behind so many.
     bool pass(size_t bytes) { return !__builtin_sub_overflow(behindNext, bytes, &behindNext); }
     void giveBack(size_t bytes) { behindNext += bytes; }
+    // A mask of so many bytes without those behind the limit, where a memory checker would follow them into branches.
+    block::Mask keep(block::Mask mask, size_t bytes) const {
+        if (!block::readsAreWatched || behindNext >= bytes - 1) return mask;
+        return static_cast<block::Mask>(mask & ((block::Mask{1} << (behindNext + 1) * block::maskBits) - 1));
+    }
     // How many were left when so many did not pass.
     size_t left(size_t bytes) const { return behindNext + bytes + 1; }
     // How many are left behind those that did not pass, of which so many had been kept back.
@@ -55,9 +61,9 @@ struct Within {
 };
 
 template <Steps steps>
-inline constexpr bool startsByGroups = steps == Steps::groups &&block::packsGroups;
+inline constexpr bool startsByGroups = steps == Steps::groups ? block::packsGroups : false;
 template <Steps steps>
-inline constexpr bool goesByGroups = steps != Steps::blocks &&block::groupBlocks != 1;
+inline constexpr bool goesByGroups = steps != Steps::blocks ? block::groupBlocks != 1 : false;
 template <Steps steps>
 inline constexpr size_t firstStep = startsByGroups<steps> ? block::groupSize : block::size;
 
@@ -82,7 +88,7 @@ template <Steps steps, class Ends, class Limit>
         if (found != 0) return start + lowestBit(found);
         if (!limit.pass(groupSize - offset)) return start - 1;
     } else {
-        Mask found = dropFirst(pack(ends(loadAligned(address))), offset);
+        Mask found = limit.keep(dropFirst(pack(ends(loadAligned(address))), offset), size - offset);
         if (found != 0) return start + first(found);
         if (!limit.pass(size - offset)) return start - 1;
         address += size;
@@ -105,16 +111,18 @@ template <Steps steps, class Ends, class Limit>
         }
     } else {
         Flags flags;
+        Mask mask = 0;
         bool ended;
 #pragma GCC unroll block::blocksATurn
         do {
             flags = ends(loadAligned(address));
-            ended = any(flags);
+            if constexpr (readsAreWatched) mask = limit.keep(pack(flags), size);
+            ended = readsAreWatched ? mask != 0 : any(flags);
             if (ended) continue;
             if (!limit.pass(size)) return start - 1;
             address += size;
         } while (!ended);
-        return address + first(pack(flags));
+        return address + first(readsAreWatched ? mask : pack(flags));
     }
 }
 

@@ -123,6 +123,7 @@ inline Word loadAlignedWord(Address address) {
 //   any(flags)                         whether any byte is flagged
 //   blocksATurn                        how many blocks a loop takes before it jumps back
 //   fewMembers                         how many members of a set are compared with whole blocks
+//   readsAreWatched                    whether memory checkers that look at programs from outside are to find nothing
 //   load(at), store(at, block)         at any address
 //   loadAligned(address)               an aligned block, by the reading rule
 //   STRLIB_SHARED                      for code that several routines use: once where size counts, else in each of them

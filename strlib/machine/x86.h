@@ -32,6 +32,7 @@ namespace {
 // x86 jumps no more than once a cycle.
 inline constexpr int blocksATurn = 4;
 inline constexpr size_t fewMembers = 4;
+inline constexpr bool readsAreWatched = true;
 using Mask = uint32_t;
 inline constexpr uint32_t maskBits = 1;
 #if defined(__AVX2__)
