@@ -140,7 +140,7 @@ void checkEncoding(uint64_t first, uint64_t last) {
 
 void checkNoSequence(uint64_t first, uint64_t last, uint64_t step) {
     for (uint64_t value = first; value < last; value += step) {
-        char buffer[4] = "***";
+        char buffer[8] = "***";
         check(unicodeToUtf8(static_cast<uint32_t>(value), buffer) == 0 && std::memcmp(buffer, " \0*", 4) == 0,
               "without a sequence", value);
     }

@@ -14,7 +14,8 @@ class ByteSet {
 public:
     ByteSet() {
         // The widest stores of the machine; a byte that is absent is 0.
-        using Store = long long __attribute__((vector_size(block::size > 16 ? block::size : 16), may_alias));
+        using Store =
+            long long __attribute__((vector_size(block::size > 16 ? block::size : 16), may_alias, aligned(8)));
         for (size_t i = 0; i < sizeof entries_; i += sizeof(Store)) *reinterpret_cast<Store *>(entries_ + i) = Store{};
         entries_[0] = nul;
     }
@@ -41,7 +42,7 @@ private:
     static constexpr uint8_t member = 1;
     static constexpr uint8_t nul = 2;
 
-    alignas(32) uint8_t entries_[256];
+    alignas(8) uint8_t entries_[256];
 };
 
 // The same of one to `most` members.

@@ -93,7 +93,23 @@ template <class Ends, class Limit>
         }
         return copyTail(to, address, rest);
     };
+    const size_t distance = addressOf(to) - address;
     for (;;) {
+        // A row is loaded as a whole before any of it is stored.
+        const bool isFar = distance + rowSize - 1 >= 2 * rowSize - 1;
+        while (rowBlocks > 1 && isFar && address % rowSize == 0 && !anyInRow(address, ends)) {
+            if (!limit.pass(rowSize)) {
+                limit.giveBack(rowSize);
+                break;
+            }
+            Block row[rowBlocks];
+#pragma GCC unroll block::rowBlocks
+            for (size_t i = 0; i < rowBlocks; ++i) row[i] = loadAligned(address + i * size);
+#pragma GCC unroll block::rowBlocks
+            for (size_t i = 0; i < rowBlocks; ++i) store(to + i * size, row[i]);
+            address += rowSize;
+            to += rowSize;
+        }
         Block low;
         Block high;
         if constexpr (byPairs) {

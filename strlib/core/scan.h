@@ -67,6 +67,15 @@ inline constexpr bool goesByGroups = steps != Steps::blocks ? block::groupBlocks
 template <Steps steps>
 inline constexpr size_t firstStep = startsByGroups<steps> ? block::groupSize : block::size;
 
+// Whether a scan ends in a row of blocks.
+template <class Ends>
+[[gnu::always_inline]] inline bool anyInRow(block::Address address, Ends ends) {
+    block::Flags flags = ends(block::loadAligned(address));
+#pragma GCC unroll block::rowBlocks
+    for (size_t i = 1; i < block::rowBlocks; ++i) flags |= ends(block::loadAligned(address + i * block::size));
+    return block::any(flags);
+}
+
 // The place of the first byte from `start` on at which a scan ends; one before `start` where the limit
 // comes first.
 template <Steps steps, class Ends, class Limit>
@@ -110,6 +119,22 @@ template <Steps steps, class Ends, class Limit>
             if (!limit.pass(groupSize)) return start - 1;
         }
     } else {
+        if constexpr (steps != Steps::blocks && rowBlocks > 1) {
+#pragma GCC unroll block::rowBlocks
+            for (size_t block = 0; block < rowBlocks; ++block) {
+                const Mask mask = limit.keep(pack(ends(loadAligned(address))), size);
+                if (mask != 0) return address + first(mask);
+                if (!limit.pass(size)) return start - 1;
+                address += size;
+            }
+            // Rows begin at their own boundaries: some blocks are looked at once more.
+            limit.giveBack(address % rowSize);
+            address -= address % rowSize;
+            while (!anyInRow(address, ends)) {
+                if (!limit.pass(rowSize)) return start - 1;
+                address += rowSize;
+            }
+        }
         Flags flags;
         Mask mask = 0;
         bool ended;

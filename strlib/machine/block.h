@@ -123,6 +123,7 @@ inline Word loadAlignedWord(Address address) {
 //   any(flags)                         whether any byte is flagged
 //   blocksATurn                        how many blocks a loop takes before it jumps back
 //   fewMembers                         how many members of a set are compared with whole blocks
+//   rowBlocks                          how many blocks long scans and copies take at once
 //   readsAreWatched                    whether memory checkers that look at programs from outside are to find nothing
 //   load(at), store(at, block)         at any address
 //   loadAligned(address)               an aligned block, by the reading rule
@@ -176,6 +177,7 @@ inline size_t first(Mask mask) { return lowestBit(mask) / maskBits; }
 inline size_t last(Mask mask) { return highestBit(mask) / maskBits; }
 
 inline constexpr size_t groupSize = groupBlocks * size;
+inline constexpr size_t rowSize = rowBlocks * size;
 
 // The first flagged byte of two blocks in a row, of which one has a flag.
 inline Address firstOfPair(Address address, Flags low, Flags high) {

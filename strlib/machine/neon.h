@@ -23,6 +23,7 @@ namespace {
 
 inline constexpr int blocksATurn = 1;
 inline constexpr size_t fewMembers = 3;
+inline constexpr size_t rowBlocks = 1;
 inline constexpr bool readsAreWatched = false;
 // NEON has no way to gather top bits: each byte keeps other two of its bits, then neighbours are added, twice.
 using Mask = uint32_t;

@@ -16,6 +16,7 @@ inline constexpr bool isWord = true;
 inline constexpr uint32_t maskBits = 8;
 inline constexpr int blocksATurn = 1;
 inline constexpr size_t fewMembers = 3;
+inline constexpr size_t rowBlocks = 1;
 inline constexpr bool readsAreWatched = false;
 inline constexpr Block splat(uint8_t byte) { return splatWord(byte); }
 inline Mask pack(Flags flags) { return flags; }

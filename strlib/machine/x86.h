@@ -32,6 +32,12 @@ namespace {
 // x86 jumps no more than once a cycle.
 inline constexpr int blocksATurn = 4;
 inline constexpr size_t fewMembers = 4;
+// With AVX2 a row of 128 bytes is loaded at once: it lies in one page.
+#if defined(__AVX2__)
+inline constexpr size_t rowBlocks = 4;
+#else
+inline constexpr size_t rowBlocks = 1;
+#endif
 inline constexpr bool readsAreWatched = true;
 using Mask = uint32_t;
 inline constexpr uint32_t maskBits = 1;
