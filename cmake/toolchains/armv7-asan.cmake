@@ -3,4 +3,5 @@
 include(${CMAKE_CURRENT_LIST_DIR}/armv7.cmake)
 string(APPEND CMAKE_C_FLAGS_INIT " -fsanitize=address")
 string(APPEND CMAKE_CXX_FLAGS_INIT " -fsanitize=address")
-list(INSERT CMAKE_CROSSCOMPILING_EMULATOR 1 -E ASAN_OPTIONS=detect_leaks=0:quarantine_size_mb=8)
+# Before the emulator: the sanitizer reads its options where the emulator does not put them.
+list(PREPEND CMAKE_CROSSCOMPILING_EMULATOR /usr/bin/env ASAN_OPTIONS=detect_leaks=0:quarantine_size_mb=8)

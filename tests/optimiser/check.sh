@@ -61,8 +61,10 @@ build() {
 if [[ $deep ]]; then
     wanted=()
     for machine in "${!machines[@]}"; do
+        levels=(-O2 -O3 -Os)
+        if [[ $machine == words || $machine == armv7-strict ]]; then levels=(-O2); fi
         for kind in linked unit; do
-            for level in -O2 -O3 -Os; do
+            for level in "${levels[@]}"; do
                 for compiler in g++ clang++; do wanted+=("$compiler $level $machine $kind"); done
             done
         done
