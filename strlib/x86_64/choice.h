@@ -1,8 +1,8 @@
 // The choice at load time, on x86-64 with glibc. Sources with routines that gain from AVX2 are compiled twice, both
-// times behind this header. In the library's own objects the code that follows gets the labels `NAME.baseline`, and NAME
-// itself becomes an indirect function: the loader calls its resolver once, and then calls of NAME go to the form that
-// the resolver gave. In the second objects the same code, compiled for AVX2, gets the labels `NAME.avx2`. No C name has
-// a dot in it, so that these labels cannot clash with a program's.
+// times behind this header. In the library's own objects the code that follows gets the labels `NAME.baseline`, and
+// NAME itself becomes an indirect function: the loader calls its resolver once, and then calls of NAME go to the form
+// that the resolver gave. In the second objects the same code, compiled for AVX2, gets the labels `NAME.avx2`. No C
+// name has a dot in it, so that these labels cannot clash with a program's.
 //
 // Where the choice does not apply, this header declares nothing new and the compiler's flags decide.
 
@@ -28,12 +28,12 @@
 #endif
 
 // The routines that have two forms, by source.
-#define STRLIB_FORMS_compare(FORM)                                                               \
-    FORM(TQANSI_strcmp) FORM(TQANSI_strncmp) FORM(TQANSI_stricmp) FORM(TQANSI_strnicmp) \
-    FORM(customStricmp) FORM(TQANSI_memcmp)
-#define STRLIB_FORMS_copy(FORM)                                                                \
-    FORM(TQANSI_strlen) FORM(TQANSI_strcpy) FORM(TQANSI_strncpy) FORM(TQANSI_strcat) \
-    FORM(TQANSI_strncat) FORM(TQ_strappend)
+#define STRLIB_FORMS_compare(FORM) \
+    FORM(TQANSI_strcmp)            \
+    FORM(TQANSI_strncmp) FORM(TQANSI_stricmp) FORM(TQANSI_strnicmp) FORM(customStricmp) FORM(TQANSI_memcmp)
+#define STRLIB_FORMS_copy(FORM) \
+    FORM(TQANSI_strlen)         \
+    FORM(TQANSI_strcpy) FORM(TQANSI_strncpy) FORM(TQANSI_strcat) FORM(TQANSI_strncat) FORM(TQ_strappend)
 #define STRLIB_FORMS_find_byte(FORM) FORM(TQANSI_strchr) FORM(TQANSI_strrchr) FORM(TQANSI_memchr)
 #define STRLIB_FORMS_find_set(FORM) FORM(TQANSI_strpbrk)
 #define STRLIB_FORMS_find_string(FORM) FORM(TQANSI_strstr) FORM(TQ_stristr)
@@ -53,16 +53,15 @@
 // functions for tools of all kinds could do either.
 #define STRLIB_EARLY [[gnu::no_instrument_function, gnu::no_sanitize("undefined")]] static
 
-// By Valgrind's client request, which does nothing elsewhere. Its checks of memory take loads that reach past a text for
-// errors; those of the baseline stay within aligned blocks, which it accepts.
+// By Valgrind's client request, which does nothing elsewhere. Its checks of memory take loads that reach past a text
+// for errors; those of the baseline stay within aligned blocks, which it accepts.
 STRLIB_EARLY inline bool runsOnValgrind() {
     const volatile uint64_t request[6] = {0x1001};
     uint64_t answer = 0;
-    asm volatile(
-        "rolq $3, %%rdi; rolq $13, %%rdi; rolq $61, %%rdi; rolq $51, %%rdi; xchgq %%rbx, %%rbx"
-        : "+d"(answer)
-        : "a"(request)
-        : "cc", "memory");
+    asm volatile("rolq $3, %%rdi; rolq $13, %%rdi; rolq $61, %%rdi; rolq $51, %%rdi; xchgq %%rbx, %%rbx"
+                 : "+d"(answer)
+                 : "a"(request)
+                 : "cc", "memory");
     return answer != 0;
 }
 
@@ -78,13 +77,11 @@ STRLIB_EARLY inline bool hasAvx2() {
     return (b & needed) == needed;
 }
 
-#define STRLIB_FORM(NAME)                                                                            \
-    decltype(NAME) NAME asm(#NAME ".baseline");                                                      \
-    [[gnu::visibility("hidden")]] decltype(NAME) NAME##_avx2 asm(#NAME ".avx2");                     \
-    STRLIB_EARLY decltype(&NAME) NAME##_choose() asm(#NAME ".choose");                               \
-    [[gnu::used]] decltype(&NAME) NAME##_choose() {                                                  \
-        return hasAvx2() && !runsOnValgrind() ? &NAME##_avx2 : &NAME;                                \
-    }                                                                                                \
+#define STRLIB_FORM(NAME)                                                                                           \
+    decltype(NAME) NAME asm(#NAME ".baseline");                                                                     \
+    [[gnu::visibility("hidden")]] decltype(NAME) NAME##_avx2 asm(#NAME ".avx2");                                    \
+    STRLIB_EARLY decltype(&NAME) NAME##_choose() asm(#NAME ".choose");                                              \
+    [[gnu::used]] decltype(&NAME) NAME##_choose() { return hasAvx2() && !runsOnValgrind() ? &NAME##_avx2 : &NAME; } \
     [[gnu::ifunc(#NAME ".choose"), gnu::visibility("hidden")]] decltype(NAME) NAME##_public asm(#NAME);
 
 #else
