@@ -8,18 +8,18 @@ endif()
 # options that a project around this one adds, choice.h sees for itself; then nothing calls them.
 include(CheckCXXSourceCompiles)
 set(choice ${CMAKE_CURRENT_LIST_DIR}/choice.h)
-set(CMAKE_REQUIRED_INCLUDES ${PROJECT_SOURCE_DIR}/strlib/include)
-set(CMAKE_REQUIRED_FLAGS -ffreestanding)
-set(CMAKE_REQUIRED_QUIET ON)
-check_cxx_source_compiles("
-  #include \"${choice}\"
-  #if !defined(STRLIB_X86_64_MAY_CHOOSE) || defined(__AVX2__)
-  #error
-  #endif
-  int main() {}" STRLIB_CHOICE_COMPILES)
-unset(CMAKE_REQUIRED_INCLUDES)
-unset(CMAKE_REQUIRED_FLAGS)
-unset(CMAKE_REQUIRED_QUIET)
+block()
+  set(CMAKE_REQUIRED_INCLUDES ${PROJECT_SOURCE_DIR}/strlib/include)
+  set(CMAKE_REQUIRED_FLAGS -ffreestanding)
+  set(CMAKE_REQUIRED_QUIET ON)
+  set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
+  check_cxx_source_compiles("
+    #include \"${choice}\"
+    #if !defined(STRLIB_X86_64_MAY_CHOOSE) || defined(__AVX2__)
+    #error
+    #endif
+    int main() {}" STRLIB_CHOICE_COMPILES)
+endblock()
 if(NOT STRLIB_CHOICE_COMPILES)
   return()
 endif()

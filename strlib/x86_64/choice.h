@@ -51,7 +51,7 @@
 
 // A resolver runs before the program is relocated: it calls nothing and reads no variable. What compilers add to
 // functions for tools of all kinds could do either.
-#define STRLIB_EARLY [[gnu::no_instrument_function, gnu::no_sanitize("undefined")]] static
+#define STRLIB_EARLY __attribute__((no_instrument_function, no_sanitize("undefined"))) static
 
 // By Valgrind's client request, which does nothing elsewhere. Its checks of memory take loads that reach past a text
 // for errors; those of the baseline stay within aligned blocks, which it accepts.
