@@ -94,7 +94,7 @@ suite)
         echo "$*"
         compile strlib.o "$@"
         "$@" "${objects[@]}" strlib.o -o suite
-        STRLIB_TEST_DEPTH=-1 ./suite
+        for kind in small random; do STRLIB_TEST_DEPTH=-1 ./suite $kind; done
     }
     objects=("${@:3}")
     run g++
