@@ -14,8 +14,8 @@ class ByteSet {
 public:
     ByteSet() {
         // The widest stores of the machine; a byte that is absent is 0.
-        using Store =
-            long long __attribute__((vector_size(block::size > 16 ? block::size : 16), may_alias, aligned(8)));
+        using Vector = long long __attribute__((vector_size(block::size > 16 ? block::size : 16)));
+        typedef Vector Store __attribute__((may_alias, aligned(8)));
         for (size_t i = 0; i < sizeof entries_; i += sizeof(Store)) *reinterpret_cast<Store *>(entries_ + i) = Store{};
         entries_[0] = nul;
     }

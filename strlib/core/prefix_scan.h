@@ -114,7 +114,10 @@ private:
         Flags candidates;
         do {
             ends = zeros(loadAligned(address));
-            candidates = standing(address, first.back, first.bytes) & standing(address, second.back, second.bytes);
+            candidates = Flags{};
+            // In a last block, what begins further back reaches past the end.
+            if (!readsAreWatched || !any(ends))
+                candidates = standing(address, first.back, first.bytes) & standing(address, second.back, second.bytes);
             address += size;
         } while (!any(ends | candidates));
         next_ = address;

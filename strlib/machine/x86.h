@@ -35,10 +35,11 @@ inline constexpr size_t fewMembers = 4;
 // With AVX2 a row of 128 bytes is loaded at once: it lies in one page.
 #if defined(__AVX2__)
 inline constexpr size_t rowBlocks = 4;
+inline constexpr bool readsAreWatched = false;
 #else
 inline constexpr size_t rowBlocks = 1;
-#endif
 inline constexpr bool readsAreWatched = true;
+#endif
 using Mask = uint32_t;
 inline constexpr uint32_t maskBits = 1;
 #if defined(__AVX2__)

@@ -8,7 +8,7 @@ endif()
 # options that a project around this one adds, choice.h sees for itself; then nothing calls them.
 include(CheckCXXSourceCompiles)
 set(choice ${CMAKE_CURRENT_LIST_DIR}/choice.h)
-block()
+function(strlib_see_choice)
   set(CMAKE_REQUIRED_INCLUDES ${PROJECT_SOURCE_DIR}/strlib/include)
   set(CMAKE_REQUIRED_FLAGS -ffreestanding)
   set(CMAKE_REQUIRED_QUIET ON)
@@ -19,7 +19,8 @@ block()
     #error
     #endif
     int main() {}" STRLIB_CHOICE_COMPILES)
-endblock()
+endfunction()
+strlib_see_choice()
 if(NOT STRLIB_CHOICE_COMPILES)
   return()
 endif()
