@@ -47,8 +47,10 @@ struct Within {
     void giveBack(size_t bytes) { behindNext += bytes; }
     // A mask of so many bytes without those behind the limit, where a memory checker would follow them into branches.
     block::Mask keep(block::Mask mask, size_t bytes) const {
-        if (!block::readsAreWatched || behindNext >= bytes - 1) return mask;
-        return static_cast<block::Mask>(mask & ((block::Mask{1} << (behindNext + 1) * block::maskBits) - 1));
+        const size_t kept = behindNext + 1;
+        if (!block::readsAreWatched || kept >= bytes) return mask;
+        constexpr size_t maskSize = 8 * sizeof mask;
+        return static_cast<block::Mask>(mask & ((block::Mask{1} << kept * block::maskBits % maskSize) - 1));
     }
     // How many were left when so many did not pass.
     size_t left(size_t bytes) const { return behindNext + bytes + 1; }

@@ -50,12 +50,18 @@ inline bool any(Flags flags) {
 // Two vectors in a row, at an address of a multiple of 32, and the address behind them.
 inline constexpr size_t groupBlocks = 2;
 [[gnu::always_inline]] inline void takePair(Address &address, Block &low, Block &high) {
+#if defined(__clang__)  // It takes no pair of vectors as an operand.
+    low = loadAligned(address);
+    high = loadAligned(address + size);
+    address += 2 * size;
+#else
     const auto &bytes = *reinterpret_cast<const uint8_t(*)[32]>(address);
     uint8x16x2_t both;
     asm("vld1.8 %h0, [%1]!" : "=w"(both), "+r"(address) : "m"(bytes));
     asm("" : "+r"(address));  // Or the old address is kept in a register of its own.
     low = reinterpret_cast<Block>(both.val[0]);
     high = reinterpret_cast<Block>(both.val[1]);
+#endif
 }
 
 // Two vectors have a bit for each byte: each keeps another one of its bits, then neighbours are added, three times.
