@@ -95,8 +95,8 @@ template <class Mode, class Answer, class Limit>
 }
 
 // The index of the first block from `i` on in which the texts may differ or end, where only aligned blocks may reach
-// past the text. Blocks of `first` are aligned; those
-// of `second` are loaded behind a look at the aligned blocks that they reach into: without a NUL there, all is text.
+// past the text. Blocks of `first` are aligned; those of `second` are loaded behind a look at the aligned blocks that
+// they reach into: without a NUL there, all is text.
 template <class Mode, class Limit>
 [[gnu::always_inline]] inline size_t passBlocks(const uint8_t *first, const uint8_t *second, size_t i, Limit limit) {
     using namespace block;
