@@ -12,8 +12,8 @@ using namespace strlib;
 
 namespace {
 
-// Bytes that may be compared in vain: so many for each byte passed, as if so many had been passed at the start. A place
-// that is tried counts as some bytes by itself.
+// Wasted comparisons allowed: four for each byte advanced, as if 64 bytes had been passed at the start. Trying a place
+// costs as much as some comparisons.
 constexpr size_t budgetPerByte = 4;
 constexpr size_t budgetAtStart = 64;
 constexpr size_t costOfPlace = 8;

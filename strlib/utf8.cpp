@@ -43,7 +43,7 @@ static constexpr uint8_t lastSequenceLead = 0xFD;
 // What counts in the bits of a sequence, the lead's included: 11 of two bytes, and five more for each further one.
 static uint32_t withoutMark(uint32_t bits, uint32_t length) { return bits & ((uint32_t{2} << length * 5) - 1); }
 
-// Of a sequence of which only so many bytes are good. Overlong leads are followed by none.
+// The result for a sequence of which only the first `read` bytes are good. Overlong leads are followed by none.
 static char *failAt(const uint8_t *bytes, uint32_t bits, uint32_t read, uint32_t *codePoint) {
     const uint32_t ones = leadingOnes(bytes[0]);
     if (ones <= longestSequence) *codePoint = withoutMark(bits << payloadBits * (ones - read), ones);

@@ -43,7 +43,7 @@ inline int32_t difference(uint8_t first, uint8_t second) {
     return asSigned(Reading::read(first)) - asSigned(Reading::read(second));
 }
 
-// Which positions a comparison may look at: all, or so many.
+// Which positions a comparison may look at: all, or the first `count`.
 struct Unlimited {
     bool allows(size_t) const { return true; }
 };

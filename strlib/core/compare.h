@@ -1,8 +1,8 @@
 #ifndef STRLIB_CORE_COMPARE_H
 #define STRLIB_CORE_COMPARE_H
 
-// Comparing, by the way that suits the machine. NEON is slow to tell the rest of a processor what it has found, and a
-// comparison asks that of every block: ARM compares by words.
+// Comparing, in the way that suits the machine. Moving results from NEON to general registers is slow, and a comparison
+// does it for every block: ARM compares by words.
 
 #include "machine/block.h"
 

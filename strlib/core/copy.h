@@ -11,7 +11,7 @@
 namespace strlib {
 namespace {
 
-// Copies `count` bytes where a Value is at most that and half of it, by its first and its last bytes.
+// Copies `count` bytes as two Values that may overlap: sizeof(Value) <= count <= 2 * sizeof(Value).
 template <class Value>
 [[gnu::always_inline]] inline void copyEnds(uint8_t *destination, const uint8_t *source, size_t count) {
     const Value head = block::loadAs<Value>(source);
@@ -68,7 +68,8 @@ template <class Ends, class Limit>
     }
 }
 
-// Copies the last bytes of a text of at least a block, `rest` of which stand at the address and behind it.
+// Copies the last `rest` bytes of a text, which begin at the address, by one block that ends with them: at least a
+// block of the text is copied already or copied here.
 [[gnu::always_inline]] inline uint8_t *copyTail(uint8_t *to, block::Address address, size_t rest) {
     block::store(to + rest - block::size, block::load(block::pointerTo(address + rest - block::size)));
     return to + rest;

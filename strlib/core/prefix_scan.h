@@ -89,7 +89,7 @@ private:
         ++choices_;
     }
 
-    // Where a byte of the needle stands, so many places back.
+    // Where a block that begins `back` bytes before an address holds a byte of the needle.
     static block::Flags standing(block::Address address, size_t back, block::Block byte) {
         return block::equals(Mode::readBlock(block::load(block::pointerTo(address - back))), byte);
     }

@@ -26,7 +26,7 @@ struct Byte {
 // where the machine has them, at once or after single blocks up to the first group's start.
 enum class Steps { blocks, groups, blocksThenGroups };
 
-// How far a scan may go on: to its end, or over so many bytes behind the next one.
+// How far a scan may go: to its end, or no further than a number of bytes behind the next one.
 struct Endless {
     static constexpr bool endIsCopied = true;
     static constexpr bool pairsPay = false;
@@ -42,19 +42,20 @@ struct Endless {
 struct Within {
     static constexpr bool endIsCopied = false;
     static constexpr bool pairsPay = true;
-    // Whether any bytes are left behind so many.
+    // Goes on by a number of bytes; whether any are left behind them.
     bool pass(size_t bytes) { return !__builtin_sub_overflow(behindNext, bytes, &behindNext); }
     void giveBack(size_t bytes) { behindNext += bytes; }
-    // A mask of so many bytes without those behind the limit, where a memory checker would follow them into branches.
+    // The mask of the next `bytes` bytes without those behind the limit, which a memory checker would follow into
+    // branches.
     block::Mask keep(block::Mask mask, size_t bytes) const {
         const size_t kept = behindNext + 1;
         if (!block::readsAreWatched || kept >= bytes) return mask;
         constexpr size_t maskSize = 8 * sizeof mask;
         return static_cast<block::Mask>(mask & ((block::Mask{1} << kept * block::maskBits % maskSize) - 1));
     }
-    // How many were left when so many did not pass.
+    // How many bytes were left when pass() failed.
     size_t left(size_t bytes) const { return behindNext + bytes + 1; }
-    // How many are left behind those that did not pass, of which so many had been kept back.
+    // How many are left when pass() failed after `kept` bytes had been kept back.
     size_t leftWith(size_t kept) const { return behindNext + kept; }
     size_t clip(size_t count) const { return count <= behindNext ? count : behindNext + 1; }
     size_t all() const { return behindNext + 1; }

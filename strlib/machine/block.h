@@ -27,7 +27,7 @@
 #define STRLIB_BLOCK_BYTE
 #endif
 
-// What stands in private headers has internal linkage, so that the archive defines nothing but the routines.
+// Private headers define everything with internal linkage, so that the archive defines nothing but the routines.
 namespace strlib::block {
 namespace {
 
