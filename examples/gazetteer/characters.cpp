@@ -81,7 +81,7 @@ constexpr LatinRange accented[] = {
 struct Capitals {
     char32_t first;
     char32_t last;
-    // What stands for the first of them.
+    // The small letter of the first; those of the others follow it.
     char32_t small;
 };
 

@@ -83,7 +83,7 @@ std::optional<int32_t> readThousandths(const char *text) {
     if (count == 2 && !isMadeOf(digitClass, text + point + 1)) return std::nullopt;
     strlib::append(fraction, "00");
     fraction[3] = 0;
-    // More digits may have wrapped around; what stands for them is out of every range.
+    // More digits may have wrapped around; they count as a number that is out of every range.
     if (point > 3) degrees = 999;
     const int32_t thousandths = static_cast<int32_t>(degrees) * 1000 + TQANSI_atoi(fraction);
     return isNegative ? -thousandths : thousandths;

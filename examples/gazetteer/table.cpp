@@ -74,7 +74,7 @@ Widths measure(std::span<const Record> records) {
     return widths;
 }
 
-// A string of so many spaces, which is the end of a longer one. No text takes more columns than bytes.
+// A string of `count` spaces: the end of a longer one, which suffices, as no text takes more columns than bytes.
 const char *spaces(int32_t count) {
     static const Field all = [] {
         Field field{};

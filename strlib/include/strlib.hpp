@@ -275,7 +275,7 @@ struct InputFormat {
 
 }  // namespace detail
 
-/** A destination whose type tells that it has room for so many bytes. */
+/** A destination whose type tells that it has room for a number of bytes. */
 template <class Type, std::size_t bytes>
 concept DestinationOf = Destination<Type> && detail::extentOf<Type>
 != std::dynamic_extent &&detail::extentOf<Type> >= bytes;

@@ -69,7 +69,7 @@
 
 /* clang-format off */
 
-/* Warns of an array that has no room for so many bytes and a NUL. */
+/* Warns of an array that has no room for a number of bytes and a NUL. */
 #define STRLIB_WRITES_AND_NUL(array, bytes, message, name, result, parameters, arguments) \
     STRLIB_WARN_IF(__builtin_object_size(array, 1) <= (__SIZE_TYPE__)(bytes), message, \
         name, result, parameters, arguments)
