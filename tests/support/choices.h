@@ -75,6 +75,10 @@ inline int depthShift() {
     return shift;
 }
 
+inline uint32_t byDepth(uint32_t slow, uint32_t everyDay, uint32_t deep) {
+    return depthShift() < 0 ? slow : depthShift() == 0 ? everyDay : deep;
+}
+
 // Every sequence of choices in turn: an odometer whose wheels appear as the property asks for them.
 class Enumeration : public Choices {
 public:
