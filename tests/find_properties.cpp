@@ -54,8 +54,8 @@ static const Property setSearch("set search", [](Choices &choices) {
 static void requireSubstring(Choices &choices, const std::string &haystack, const std::string &needle) {
     const char *const start = string(choices, 0, haystack);
     const char *const sought = string(choices, 1, needle);
-    const size_t exact = model::findSubstring(haystack, needle, model::Bytes::exact);
-    const size_t folded = model::findSubstring(haystack, needle, model::Bytes::folded);
+    const size_t exact = haystack.find(needle);
+    const size_t folded = model::findFolded(haystack, needle);
     requirePosition(TQANSI_strstr(start, sought), start, exact);
     requirePosition(TQ_stristr(start, sought), start, folded);
     const bool isLong = needle.size() > 4;

@@ -5,21 +5,15 @@ using namespace tests;
 static model::Scan requireScan(Choices &choices, const std::string &input, const std::string &format) {
     const model::Scan expected = model::scan(input, format);
 
-    // Every destination lies in one region, as aligned as integers are, with filler before and behind it.
-    const auto filled = [](std::string image, size_t more) {
-        image.resize((image.size() + more + 3) / 4 * 4, Region::filler);
-        return image;
-    };
-    std::string image;
+    // Destinations as aligned as integers are, each with room for every byte of the input, and filler between them.
+    const size_t room = (input.size() + 8) / 4 * 4;
+    std::string image(expected.fields.size() * room, Region::filler);
+    char *const start = region(0).room(image.size(), {Placement::atEnd, 0});
     std::vector<intptr_t> slots;
     for (const model::Field &field : expected.fields) {
-        image = filled(image, 1);
-        slots.push_back(std::ssize(image));
-        image += field.bytes;
+        image.replace(slots.size() * room, field.bytes.size(), field.bytes);
+        slots.push_back(reinterpret_cast<intptr_t>(start + slots.size() * room));
     }
-    image = filled(image, input.size() + 1);  // room for every byte of the input once more
-    const char *const start = region(0).room(image.size(), {Placement::atEnd, 0});
-    for (intptr_t &slot : slots) slot += reinterpret_cast<intptr_t>(start);
     const char *const text = string(choices, 1, input);
     const char *const placed = string(choices, 2, format);
     requireEqual(TQ_sscanf(text, placed, slots.empty() ? nullptr : slots.data()), expected.result, "result");
@@ -32,47 +26,37 @@ struct Part {
     std::string format, input;
 };
 
-static Part conversion(Choices &choices) {
-    switch (choices.below(6)) {
-        case 0: return {"n", ""};
-        case 1: return {"c", std::string(1, choices.pick(alphabet))};
-        case 2: return {choices.below(8) != 0 ? "s " : "s", choices.text("ab\x7F\xE9", 0) + ' '};
+static Part part(Choices &choices) {
+    static constexpr std::pair<const char *, const char *> samples[] = {
+        {"x", "x"},       {"%d", "d"},      {",", ","},
+        {"\x80", "\x80"}, {" ", " \t\r\n"}, {"\\ ", ""},
+        {"\\r", "\r"},    {"%\\t", "\t"},   {"\\n", "\n"},
+        {"\\q", "q"},     {"%\\\\", "\\"},  {"\\%", "%"},
+        {"%[x", "x"},     {"%h5", "5"},     {"%bd", "d"},
+        {"%[^ax", "x"},   {"%%", "%"},      {" ", "                  \n"}};
+    const std::string width = choices.pick({"1", "2", "12", "007", "200", "00000019", "10000002", "0000001"});
+    const std::string percent = '%' + (choices.below(5) == 0 ? width : "");
+    switch (choices.below(10)) {
+        case 0: return {percent + 'n', ""};
+        case 1: return {percent + 'c', std::string(1, choices.pick(alphabet))};
+        case 2: return {percent + choices.pick({"s", "s ", "s ", "s "}), choices.text("ab\x7F\xE9", 0) + ' '};
         case 3: {
-            const char excluded = choices.pick(std::string_view(",;]^b\xE9"));
+            const char excluded = choices.pick({',', ';', ']', '^', 'b', '\xE9'});
             std::string field = choices.text("ab \x80", 0);
             std::replace(field.begin(), field.end(), excluded, 'w');
-            return {"[^" + std::string(1, excluded) + ']' + excluded, field + excluded};
+            return {percent + "[^" + excluded + ']' + excluded, field + excluded};
         }
-        default: {
+        case 4:
+        case 5: {
             const std::string letters = choices.pick({"", "", "h", "h", "b", "l"});
             const std::string end = choices.below(8) != 0 ? "," : "";
-            const std::string number =
-                choices.below(4) == 0 ? numeral(choices) : std::to_string(choices.between(-100000, 100000));
-            return {letters + choices.pick({'i', 'u'}) + end, number + end};
-        }
-    }
-}
-
-static Part part(Choices &choices) {
-    const std::string percent = choices.below(4) == 0 ? "%" : "";
-    switch (choices.below(10)) {
-        case 0: {
-            const std::string byte = choices.pick({"x", "d", ",", "\x80"});
-            return {percent + byte, byte};
-        }
-        case 1: return {choices.pick({" ", "\\ "}), choices.text(" \t\r\n", 0).substr(0, choices.below(20))};
-        case 2: {
-            const size_t pair = choices.below(6);
-            return {percent + '\\' + "rtnq\\%"[pair], std::string(1, "\r\t\nq\\%"[pair])};
-        }
-        case 3: {
-            const std::string directive = choices.pick({"%[x", "%h5", "%bd", "%[^ax", "%%"});
-            return {directive, directive.substr(directive.size() - 1)};
+            const std::string number = std::to_string(choices.between(-100000, 100000));
+            return {percent + letters + choices.pick({'i', 'u'}) + end,
+                    (choices.below(4) == 0 ? numeral(choices) : number) + end};
         }
         default: {
-            const std::string width = choices.pick({"1", "2", "12", "007", "200", "00000019", "10000002", "0000001"});
-            const Part rest = conversion(choices);
-            return {'%' + (choices.below(5) == 0 ? width : "") + rest.format, rest.input};
+            const auto [format, input] = choices.pick(samples);
+            return {format, input};
         }
     }
 }

@@ -73,11 +73,8 @@ private:
 
 // -1 for slow targets, 0 for every day, 1 and more for long runs.
 inline int depthShift() {
-    static const int shift = [] {
-        const char *const depth = std::getenv("STRLIB_TEST_DEPTH");
-        return depth == nullptr ? 0 : std::atoi(depth);
-    }();
-    return shift;
+    static const char *const depth = std::getenv("STRLIB_TEST_DEPTH");
+    return depth == nullptr ? 0 : std::atoi(depth);
 }
 
 inline uint32_t byDepth(uint32_t slow, uint32_t everyDay, uint32_t deep) {

@@ -8,19 +8,32 @@ namespace model {
 
 namespace {
 
+const std::string decimals = "0123456789";
+const std::string blanks = "\1\2\3\4\5\6\7\b\t\n\v\f\r\16\17\20\21\22\23\24\25\26\27\30\31\32\33\34\35\36\37 ";
+
 uint8_t byteAt(const std::string &string, size_t index) {
     return index < string.size() ? static_cast<uint8_t>(string[index]) : 0;
 }
 
 bool isContained(const std::string &bytes, char byte) { return bytes.find(byte) != std::string::npos; }
 
-const std::string &blanks() {
-    static const std::string all = [] {
-        std::string bytes;
-        for (char byte = 1; byte <= 32; ++byte) bytes += byte;
-        return bytes;
-    }();
-    return all;
+int32_t signedAt(const std::string &string, size_t index) {
+    const int32_t value = byteAt(string, index);
+    return value < 128 ? value : value - 256;
+}
+
+size_t blanksEnd(const std::string &string, size_t from) {
+    return std::min(string.find_first_not_of(blanks, from), string.size());
+}
+
+std::string prefixOf(const std::string &text, const std::string &allowed) {
+    return text.substr(0, text.find_first_not_of(allowed));
+}
+
+}  // namespace
+
+std::string copied(const std::string &source, int64_t limit) {
+    return source.substr(0, static_cast<size_t>(std::max<int64_t>(limit, 0)));
 }
 
 std::string lowered(std::string string) {
@@ -30,33 +43,10 @@ std::string lowered(std::string string) {
     return string;
 }
 
-int32_t signedAt(const std::string &string, size_t index) {
-    const int32_t value = byteAt(string, index);
-    return value < 128 ? value : value - 256;
-}
-
-size_t blanksEnd(const std::string &string, size_t from) {
-    return std::min(string.find_first_not_of(blanks(), from), string.size());
-}
-
-std::string prefixOf(const std::string &text, const std::string &allowed) {
-    return text.substr(0, text.find_first_not_of(allowed));
-}
-
-const std::string decimals = "0123456789";
-
-}  // namespace
-
-std::string copied(const std::string &source, int64_t limit) {
-    return source.substr(0, static_cast<size_t>(std::max<int64_t>(limit, 0)));
-}
-
-int32_t compare(const std::string &first, const std::string &second, Bytes bytes, int64_t count) {
-    const std::string a = bytes == Bytes::folded ? lowered(first) : first;
-    const std::string b = bytes == Bytes::folded ? lowered(second) : second;
+int32_t compare(const std::string &first, const std::string &second, int64_t count) {
     const size_t positions = count < 0 ? 1 : static_cast<size_t>(count);
-    for (size_t i = 0; i < positions && i <= std::max(a.size(), b.size()); ++i) {
-        if (byteAt(a, i) != byteAt(b, i)) return signedAt(a, i) - signedAt(b, i);
+    for (size_t i = 0; i < positions && i <= std::max(first.size(), second.size()); ++i) {
+        if (byteAt(first, i) != byteAt(second, i)) return signedAt(first, i) - signedAt(second, i);
     }
     return 0;
 }
@@ -66,7 +56,7 @@ int32_t collate(const std::string &first, const std::string &second, const uint8
         const std::string mapped = converted(string, table);
         return mapped.substr(0, mapped.find('\0'));
     };
-    return compare(key(first), key(second), Bytes::exact, INT32_MAX);
+    return compare(key(first), key(second), INT32_MAX);
 }
 
 int32_t compareRanges(const std::string &first, const std::string &second) {
@@ -77,15 +67,12 @@ int32_t compareRanges(const std::string &first, const std::string &second) {
 size_t findFirst(const std::string &string, char byte) { return string.find(byte); }
 size_t findLast(const std::string &string, char byte) { return string.rfind(byte); }
 
-size_t findSubstring(std::string string, std::string substring, Bytes bytes) {
-    if (bytes == Bytes::exact) return string.find(substring);
-    string = lowered(string);
-    substring = lowered(substring);
-    if (substring.size() <= UINT16_MAX) return string.find(substring);
-    return string.ends_with(substring) ? string.size() - substring.size() : none;
+size_t findFolded(const std::string &string, const std::string &substring) {
+    if (substring.size() <= UINT16_MAX) return lowered(string).find(lowered(substring));
+    return lowered(string).ends_with(lowered(substring)) ? string.size() - substring.size() : none;
 }
 
-bool isBlankLine(const std::string &string) { return string.find_first_not_of(blanks()) == none; }
+bool isBlankLine(const std::string &string) { return string.find_first_not_of(blanks) == none; }
 
 std::string converted(std::string string, const uint8_t *table) {
     for (char &byte : string) byte = static_cast<char>(table[static_cast<uint8_t>(byte)]);
@@ -169,7 +156,7 @@ Directive takeDirective(const std::string &format, size_t &at, char &sizeLetter)
     if (format[at] != '%') return {0, format[at++], 0, ""};
     const uint32_t width = takeWidth(format, ++at);
     char byte = format[at++];
-    std::string stops = blanks();
+    std::string stops = blanks;
     char kind = isContained("csiun", byte) ? byte : '\0';
     if (isContained("bhl", byte)) {
         sizeLetter = byte;
@@ -335,18 +322,16 @@ int32_t stringDifference(const std::string &first, const std::string &second) {
     return static_cast<int32_t>(sum);
 }
 
-std::string stringSum(const std::string &source, int32_t addend) {
-    std::string reversed(source.rbegin(), source.rend());
-    for (size_t k = 0; k < 4; ++k) {
-        if (k >= reversed.size() && addend == 0) break;
-        if (k >= reversed.size()) reversed += '\0';
-        const int32_t digit = (addend % 256 + 256) % 256;
-        reversed[k] = static_cast<char>(reversed[k] + digit);
-        addend = addend / 256 - (addend < 0 && digit != 0);  // rounds down
+std::string stringSum(std::string source, int32_t addend) {
+    for (size_t k = 1; k <= 4 && addend != 0; ++k) {
+        if (k > source.size()) source.insert(source.begin(), '\0');
+        char &digit = source[source.size() - k];
+        const int32_t lowByte = (addend % 256 + 256) % 256;
+        digit = static_cast<char>(digit + lowByte);
+        addend = (addend - lowByte) / 256;
         if (addend == -1) addend = 0;
     }
-    const std::string sum(reversed.rbegin(), reversed.rend());
-    return sum.substr(0, sum.find('\0'));
+    return source.substr(0, source.find('\0'));
 }
 
 }  // namespace model

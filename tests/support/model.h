@@ -16,14 +16,14 @@ inline constexpr size_t none = std::string::npos;
 
 std::string copied(const std::string &source, int64_t limit);
 
-enum class Bytes { exact, folded };
-int32_t compare(const std::string &first, const std::string &second, Bytes bytes, int64_t count);
+std::string lowered(std::string string);
+int32_t compare(const std::string &first, const std::string &second, int64_t count);
 int32_t collate(const std::string &first, const std::string &second, const uint8_t *table);
 int32_t compareRanges(const std::string &first, const std::string &second);
 
 size_t findFirst(const std::string &string, char byte);
 size_t findLast(const std::string &string, char byte);
-size_t findSubstring(std::string string, std::string substring, Bytes bytes);
+size_t findFolded(const std::string &string, const std::string &substring);
 
 bool isBlankLine(const std::string &string);
 std::string converted(std::string string, const uint8_t *table);
@@ -73,7 +73,7 @@ Character readCharacter(const std::string &input);
 size_t findAnyCharacter(const std::string &string, const std::string &set);
 
 int32_t stringDifference(const std::string &first, const std::string &second);
-std::string stringSum(const std::string &source, int32_t addend);
+std::string stringSum(std::string source, int32_t addend);
 
 }  // namespace model
 
