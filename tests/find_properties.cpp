@@ -85,13 +85,19 @@ static std::string repeated(const std::string &unit, uint32_t times) {
     return text;
 }
 
-// Haystacks and needles that agree for long at many places.
+// Haystacks and needles that agree for long at many places, and at some but for one byte.
 static const Property periodicSearch("periodic search", [](Choices &choices) {
     const std::string unit = choices.text("aB", 3).substr(0, 40);
-    const std::string haystack = repeated(unit, choices.pick({3u, 60u})) + choices.text("ab", 4) + unit;
+    std::string haystack = repeated(unit, choices.pick({3u, 60u})) + choices.text("ab", 4) + unit;
     const std::string start = choices.text("ab", 2);
     std::string needle = start + repeated(unit, choices.pick({1u, 4u, 20u})) + choices.text("ab", 3);
     if (choices.steers()) needle = recased(choices, haystack.substr(place(choices, haystack)), 16);
+    if (choices.steers() && !needle.empty()) {
+        const size_t end = haystack.size();
+        haystack += needle + needle;
+        haystack[end + choices.below(needle.size())] = 'x';
+        haystack[end + choices.below(2 * needle.size())] = 'x';
+    }
     requireSubstring(choices, haystack, needle);
 });
 
