@@ -68,11 +68,12 @@ int main() {
     });
     for (int32_t radix = 2; radix <= 36; ++radix) {
         forAll(byDepth(10100303, 101909, 499), [=](uint64_t value) { checkWriting(value, radix); });
-        // Around powers, where texts become longer.
+        // Around powers, where texts and sequences become longer.
         for (uint64_t power = 1; power <= uint64_t{1} << 31; power *= static_cast<uint32_t>(radix)) {
             for (uint64_t value = power - 100; value != power + 100; ++value) {
                 checkWriting(value, radix);
                 checkWriting(0 - value, radix);
+                if (radix == 2) checkEncoding(static_cast<uint32_t>(value));
             }
         }
     }
