@@ -4,84 +4,54 @@
 
 #include "machine/block.h"
 
-#include <algorithm>
-#include <array>
-#include <atomic>
-#include <cstdio>
-#include <thread>
-#include <vector>
-
-#include "support/choices.h"
+#include "support/exhaust.h"
 
 using namespace strlib::block;
 
 namespace {
 
-constexpr size_t width = sizeof(Word);
-
-std::atomic<uint64_t> faults = 0;
-
 uint8_t byteAt(Word word, size_t index) { return static_cast<uint8_t>(word >> 8 * index); }
 
 uint8_t folded(uint8_t byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<uint8_t>(byte + 32) : byte; }
 
-void fail(const char *what, Word word) {
-    if (++faults <= 10) std::printf("FAILED %s: 0x%llX\n", what, static_cast<unsigned long long>(word));
+// Whether the condition holds of each byte's index.
+template <class Condition>
+void expectOfEach(const char *what, Word word, Condition holds) {
+    for (size_t i = 0; i < sizeof(Word); ++i) tests::expect(holds(i), what, word);
 }
 
-// Whether the bytes flagged are those of which the condition holds.
-template <class Condition>
-void check(const char *what, Word word, Word flags, Condition isFlagged) {
-    for (size_t i = 0; i < width; ++i) {
-        if ((byteAt(flags, i) != 0) != isFlagged(i)) fail(what, word);
-    }
-}
+bool isFlagged(Word flags, size_t index) { return byteAt(flags, index) != 0; }
 
 void checkLimit(Word word, uint8_t limit) {
     const Word flags = atMost(word, limit);
-    check("atMost", word, flags, [&](size_t i) { return byteAt(word, i) <= limit; });
-    check("inverse", word, inverse(flags), [&](size_t i) { return byteAt(word, i) > limit; });
+    expectOfEach("atMost", word, [&](size_t i) { return isFlagged(flags, i) == (byteAt(word, i) <= limit); });
+    expectOfEach("inverse", word, [&](size_t i) { return isFlagged(inverse(flags), i) != isFlagged(flags, i); });
 }
 
 void checkWord(Word word) {
-    check("zeros", word, zeros(word), [&](size_t i) { return byteAt(word, i) == 0; });
+    expectOfEach("zeros", word, [&](size_t i) { return isFlagged(zeros(word), i) == (byteAt(word, i) == 0); });
+    expectOfEach("fold", word, [&](size_t i) { return byteAt(fold(word), i) == folded(byteAt(word, i)); });
     checkLimit(word, 32);
-    Word expected = 0;
-    for (size_t i = 0; i < width; ++i) expected |= static_cast<Word>(Word{folded(byteAt(word, i))} << 8 * i);
-    if (fold(word) != expected) fail("fold", word);
 }
 
-// Every 32-bit word, as it stands and beside its complement where words are wider.
-void checkWords(uint64_t step) {
-    const unsigned count = std::max(1u, std::thread::hardware_concurrency());
-    std::vector<std::thread> threads;
-    for (unsigned i = 0; i < count; ++i) {
-        threads.emplace_back([=] {
-            for (uint64_t value = i * step; value < uint64_t{1} << 32; value += count * step) {
-                checkWord(static_cast<Word>(value | ~value << 32));
-            }
-        });
-    }
-    for (std::thread &thread : threads) thread.join();
-}
-
-// Every pair of bytes in every place, between bytes that are alike or not, and each byte with every limit.
-void checkPairs() {
-    static constexpr std::array<uint8_t, 7> around = {0, 1, 'A', 'a', 0x7F, 0x80, 0xFF};
-    for (uint32_t pair = 0; pair < 65536; ++pair) {
-        for (size_t place = 0; place < width; ++place) {
+// A pair of bytes in every place, between bytes that are alike or not, and a byte with a limit.
+void checkPair(uint8_t first, uint8_t second) {
+    for (size_t place = 0; place < sizeof(Word); ++place) {
+        const auto with = [&](uint32_t others, uint8_t byte) {
             const Word mask = static_cast<Word>(Word{0xFF} << 8 * place);
-            const auto with = [&](uint8_t others, uint32_t byte) {
-                return static_cast<Word>((splatWord(others) & ~mask) | (static_cast<Word>(byte & 0xFF) << 8 * place));
-            };
-            for (const uint8_t others : around) {
-                const Word a = with(others, pair);
-                const Word b = with(static_cast<uint8_t>(others ^ (pair & 0x20)), pair >> 8);
-                check("equals", a, equals(a, b), [&](size_t i) { return byteAt(a, i) == byteAt(b, i); });
-                check("foldedDifference", a, foldedDifference(a, b),
-                      [&](size_t i) { return folded(byteAt(a, i)) != folded(byteAt(b, i)); });
-                if (pair >> 8 < 0x7F) checkLimit(a, static_cast<uint8_t>(pair >> 8));
-            }
+            const Word outside = static_cast<Word>(splatWord(static_cast<uint8_t>(others)) & ~mask);
+            return static_cast<Word>(outside | static_cast<Word>(byte) << 8 * place);
+        };
+        for (const uint32_t others : {0x00u, 0x01u, 0x41u, 0x61u, 0x7Fu, 0x80u, 0xFFu}) {
+            const Word a = with(others, first);
+            const Word b = with(others ^ (first & 0x20u), second);
+            const Word same = equals(a, b);
+            const Word unlike = foldedDifference(a, b);
+            expectOfEach("equals", a, [&](size_t i) { return isFlagged(same, i) == (byteAt(a, i) == byteAt(b, i)); });
+            expectOfEach("foldedDifference", a, [&](size_t i) {
+                return isFlagged(unlike, i) == (folded(byteAt(a, i)) != folded(byteAt(b, i)));
+            });
+            if (second < 0x7F) checkLimit(a, second);
         }
     }
 }
@@ -89,8 +59,11 @@ void checkPairs() {
 }  // namespace
 
 int main() {
-    checkPairs();
-    checkWords(tests::depthShift() > 0 ? 1 : tests::depthShift() == 0 ? 101 : 10007);
-    std::printf("%zu bytes a word, %llu faults\n", width, static_cast<unsigned long long>(faults));
-    return faults == 0 ? 0 : 1;
+    for (uint32_t pair = 0; pair < 65536; ++pair)
+        checkPair(static_cast<uint8_t>(pair), static_cast<uint8_t>(pair >> 8));
+    // As it is and, where words are wider, beside its complement.
+    tests::forAll(tests::byDepth(10007, 101, 1),
+                  [](uint64_t value) { checkWord(static_cast<Word>(value | ~value << 32)); });
+    std::printf("%zu bytes a word, ", sizeof(Word));
+    return tests::conclude();
 }

@@ -1,22 +1,11 @@
-#include <strlib.h>
-
-#include <array>
-
 #include "support/property.h"
 
-namespace tests {
+using namespace tests;
 
-namespace {
-
-const Property length("length", [](Choices &choices) {
-    const std::string text = choices.text(alphabet, 4);
-    requireEqual(TQANSI_strlen(string(choices, 0, text)), static_cast<int32_t>(text.size()), "length");
-    choices.outcome("longer than 32 bytes", 15, text.size() > 32);
-});
-
-const Property copy("copy", [](Choices &choices) {
+static const Property copy("length and copy", [](Choices &choices) {
     const std::string text = choices.text(alphabet, 4);
     const char *const source = string(choices, 0, text);
+    requireEqual(TQANSI_strlen(source), std::ssize(text), "length");
     char *const destination = region(1).room(text.size() + 1, choices.placement());
     if (choices.flag())
         require(TQANSI_strcpy(destination, source) == destination, "result");
@@ -27,11 +16,9 @@ const Property copy("copy", [](Choices &choices) {
 });
 
 // A count that may bound a text, or not quite.
-int32_t countFor(Choices &choices, const std::string &text) {
-    return choices.between(-1, static_cast<int32_t>(text.size()) + 2);
-}
+static int32_t countFor(Choices &choices, const std::string &text) { return choices.between(-1, std::ssize(text) + 2); }
 
-const Property boundedCopy("bounded copy", [](Choices &choices) {
+static const Property boundedCopy("bounded copy", [](Choices &choices) {
     const std::string text = choices.text(alphabet, 4);
     const int32_t count = countFor(choices, text);
     const std::string expected = model::copied(text, count) + '\0';
@@ -44,11 +31,11 @@ const Property boundedCopy("bounded copy", [](Choices &choices) {
     choices.outcome("nothing to copy", 8, count <= 0);
 });
 
-const Property concatenation("concatenation", [](Choices &choices) {
+static const Property concatenation("concatenation", [](Choices &choices) {
     const std::string front = choices.text("aAb\xE1", 4);
     const std::string text = choices.text(alphabet, 2);
     const bool whole = choices.flag();
-    const int32_t count = whole ? static_cast<int32_t>(text.size()) + 1 : countFor(choices, text);
+    const int32_t count = whole ? INT32_MAX : countFor(choices, text);
     const std::string expected = front + model::copied(text, count) + '\0';
     const char *const source = bounded(choices, 0, text, count);
     char *const destination = region(1).room(expected.size(), choices.placement());
@@ -61,24 +48,21 @@ const Property concatenation("concatenation", [](Choices &choices) {
 });
 
 // Copies within one buffer go byte by byte from the front, so what they store first may be what they read later.
-const Property overlappingCopy("overlapping copy", [](Choices &choices) {
+static const Property overlappingCopy("overlapping copy", [](Choices &choices) {
     const std::string text = choices.text(alphabet, 4);
-    const auto size = static_cast<uint32_t>(text.size());
-    const size_t distance = choices.steers() ? choices.below(34) : choices.below(size + 3);
+    const size_t distance = choices.steers() ? choices.below(34) : choices.below(text.size() + 3);
     const bool ahead = choices.flag();
     const bool isBounded = ahead || choices.flag();
-    const int32_t count =
-        isBounded ? choices.between(0, static_cast<int32_t>(size) + 2) : static_cast<int32_t>(size) + 1;
-    std::string image(size + distance + static_cast<size_t>(count) + 2, Region::filler);
+    const int32_t count = choices.between(isBounded ? 0 : std::ssize(text) + 1, std::ssize(text) + 1 + isBounded);
+    std::string image(text.size() + distance + static_cast<size_t>(count) + 2, Region::filler);
     const size_t from = ahead ? 0 : distance;
     const size_t to = ahead ? distance : 0;
-    image.replace(from, size + 1, text.c_str(), size + 1);
+    image.replace(from, text.size() + 1, text.c_str(), text.size() + 1);
     char *const buffer = region(0).place(image, choices.placement());
 
     size_t copied = 0;
-    for (; copied < static_cast<size_t>(count) && image[from + copied] != 0; ++copied) {
+    for (; copied < static_cast<size_t>(count) && image[from + copied] != 0; ++copied)
         image[to + copied] = image[from + copied];
-    }
     image[to + copied] = 0;
     if (isBounded)
         TQANSI_strncpy(buffer + to, buffer + from, count);
@@ -89,15 +73,11 @@ const Property overlappingCopy("overlapping copy", [](Choices &choices) {
     choices.outcome("moved down by less than 34, for more", 4, !ahead && distance < 34 && copied > 34);
 });
 
-const Property fill("fill", [](Choices &choices) {
+static const Property fill("fill", [](Choices &choices) {
     const uint32_t count = choices.below(choices.isLong() ? 300 : 9);
-    const int32_t byte = choices.pick(std::array{0x15A, -1, 0, 0x80});
+    const int32_t byte = choices.pick({0x15A, -1, 0, 0x80});
     char *const destination = region(0).room(count, choices.placement());
     require(TQANSI_memset(destination, byte, count) == destination, "result");
     requireBytes(0, std::string(count, static_cast<char>(byte)));
     choices.outcome("more than 64 bytes", 35, count > 64);
 });
-
-}  // namespace
-
-}  // namespace tests

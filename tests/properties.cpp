@@ -6,25 +6,15 @@
 
 #include "support/property.h"
 
-namespace tests {
+using namespace tests;
 
 namespace {
-
-bool holds(const Property &property, Choices &choices) {
-    try {
-        property.check(choices);
-        return true;
-    } catch (const std::exception &failure) {
-        std::printf("FAILED %s: %s%s\n", property.name, failure.what(), lastArguments().c_str());
-        return false;
-    }
-}
 
 bool holdsForSmall(const Property &property) {
     uint64_t cases = 0;
     Enumeration choices;
     do {
-        if (!holds(property, choices)) return false;
+        if (!property.holds(choices)) return false;
         ++cases;
     } while (choices.advance());
     std::printf("%s: all %llu small cases\n", property.name, static_cast<unsigned long long>(cases));
@@ -32,9 +22,8 @@ bool holdsForSmall(const Property &property) {
 }
 
 // Whether the rounds came to what they are meant to come to, none of them left early.
-bool areTelling(const Property &property, const Choices &choices, uint32_t rounds) {
+bool areTelling(const Choices &choices, uint32_t rounds) {
     bool good = !choices.outcomes().empty();
-    std::printf("%s: %u rounds\n", property.name, rounds);
     for (const Outcome &outcome : choices.outcomes()) {
         const double share = 100.0 * outcome.reached / rounds;
         const bool enough = outcome.told == rounds && share >= outcome.percent;
@@ -47,17 +36,16 @@ bool areTelling(const Property &property, const Choices &choices, uint32_t round
 
 // Long inputs at all alignments and page ends.
 bool holdsForRandom(const Property &property) {
-    const uint32_t rounds = depthShift() < 0 ? 2000 : depthShift() == 0 ? 40000 : 2000000;
+    const uint32_t rounds = byDepth(2000, 40000, 2000000);
     Random choices(20221);
     for (uint32_t round = 0; round < rounds; ++round) {
-        if (!holds(property, choices)) return false;
+        if (!property.holds(choices)) return false;
     }
-    return areTelling(property, choices, rounds);
+    std::printf("%s: %u rounds\n", property.name, rounds);
+    return areTelling(choices, rounds);
 }
 
 }  // namespace
-
-}  // namespace tests
 
 int main(int count, char **arguments) {
     const bool small = count >= 2 && std::strcmp(arguments[1], "small") == 0;
@@ -67,10 +55,10 @@ int main(int count, char **arguments) {
     }
     uint32_t run = 0;
     uint32_t failed = 0;
-    for (const tests::Property *property : tests::Property::all()) {
+    for (const Property *property : Property::all()) {
         if (count == 3 && std::strcmp(property->name, arguments[2]) != 0) continue;
         ++run;
-        failed += !(small ? tests::holdsForSmall(*property) : tests::holdsForRandom(*property));
+        failed += !(small ? holdsForSmall(*property) : holdsForRandom(*property));
     }
     std::printf("%u properties, %u failed\n", run, failed);
     return run != 0 && failed == 0 ? 0 : 1;

@@ -1,30 +1,25 @@
-#include <strlib.h>
-
 #include "support/property.h"
 
-namespace tests {
+using namespace tests;
 
-namespace {
-
-const Property lines("lines", [](Choices &choices) {
+static const Property lines("lines", [](Choices &choices) {
     std::string text = choices.text("ab\r\n\x80", 6);
     if (choices.steers()) plant(choices, text, "\n");
-    const auto size = static_cast<size_t>(choices.between(1, 6)) * (choices.flag() ? 1 : 16);
-    const model::Line expected = model::line(text, size);
-    const bool isFull = expected.content.size() == size;
-    const size_t readable = isFull ? expected.stop + 1 : text.size() + 1;
-    const char *const source = region(0).place(std::string_view(text.c_str(), readable), choices.placement());
+    const size_t size = (1 + choices.below(6)) * choices.pick({16u, 1u});
+    const auto [content, stop] = model::line(text, size);
+    const bool isFull = content.size() == size;
+    const std::string_view readable(text.c_str(), isFull ? stop + 1 : text.size() + 1);
+    const char *const source = region(0).place(readable, choices.placement());
     char *const destination = region(1).room(size + 1, choices.placement());
-    requireEqual(X_TAMBRO_gets(destination, static_cast<int32_t>(size), source), static_cast<int32_t>(expected.stop),
-                 "stop");
-    requireBytes(1, expected.content + '\0');
-    choices.outcome("full behind byte 16", 2, isFull && expected.stop > 16);
-    choices.outcome("full before byte 8", 10, isFull && expected.stop < 8);
-    choices.outcome("ended by a line feed behind byte 16", 2, text[expected.stop] == '\n' && expected.stop > 16);
-    choices.outcome("with a carriage return left out", 8, expected.content.size() < expected.stop && !isFull);
+    requirePosition(source + X_TAMBRO_gets(destination, static_cast<int32_t>(size), source), source, stop);
+    requireBytes(1, content + '\0');
+    choices.outcome("full behind byte 16", 2, isFull && stop > 16);
+    choices.outcome("full before byte 8", 10, isFull && stop < 8);
+    choices.outcome("ended by a line feed behind byte 16", 2, text[stop] == '\n' && stop > 16);
+    choices.outcome("with a carriage return left out", 8, content.size() < stop && !isFull);
 });
 
-const Property tokens("tokens", [](Choices &choices) {
+static const Property tokens("tokens", [](Choices &choices) {
     std::string text = choices.text(", ;ab\xFF", 5);
     std::string set = choices.text(",; \xFF-", 3);
     if (choices.steers()) {
@@ -34,23 +29,19 @@ const Property tokens("tokens", [](Choices &choices) {
     }
     const char *const start = string(choices, 0, text);
     const char *const delimiters = string(choices, 1, set);
-    const model::Token expected = model::token(text, set);
-    const bool found = expected.first != model::none;
+    const auto [first, last] = model::token(text, set);
+    const bool found = first != model::none;
     uint16_t length = 999;
     char marker = 0;
     char *end = &marker;
-    requirePosition(TQ_strtoklen(start, delimiters, &length), start, expected.first);
-    requirePosition(TQ_strtoken(start, delimiters, &end), start, expected.first);
-    requireEqual(length, static_cast<uint16_t>(found ? expected.end - expected.first : 0), "length");
-    require(end == (found ? start + expected.end : &marker), "end");
-    requirePosition(TQ_strtoklen(start, delimiters, nullptr), start, expected.first);
-    requirePosition(TQ_strtoken(start, delimiters, nullptr), start, expected.first);
-    choices.outcome("behind more than 16 delimiters", 4, found && expected.first > 16);
+    requirePosition(TQ_strtoklen(start, delimiters, &length), start, first);
+    requirePosition(TQ_strtoken(start, delimiters, &end), start, first);
+    requireEqual(length, static_cast<uint16_t>(found ? last - first : 0), "length");
+    require(end == (found ? start + last : &marker), "end");
+    requirePosition(TQ_strtoklen(start, delimiters, nullptr), start, first);
+    requirePosition(TQ_strtoken(start, delimiters, nullptr), start, first);
+    choices.outcome("behind more than 16 delimiters", 4, found && first > 16);
     choices.outcome("of more than 16 bytes, with a delimiter behind", 6,
-                    found && expected.end - expected.first > 16 && expected.end < text.size());
+                    found && last - first > 16 && last < text.size());
     choices.outcome("none", 6, !found);
 });
-
-}  // namespace
-
-}  // namespace tests

@@ -4,6 +4,7 @@
 // A property draws its inputs from a source of choices. The same property is then driven through every small input by
 // an Enumeration, through long ones by a Random source, and through whatever finds new code by a fuzzer's bytes.
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -20,7 +21,7 @@ struct Placement {
     uint32_t alignment;
 };
 
-// What a round may come to, the least share of the rounds that must, and how many have.
+// What a round may come to, the least share of the rounds that must, how many have told, and how many have.
 struct Outcome {
     const char *name;
     uint32_t percent;
@@ -32,7 +33,7 @@ class Choices {
 public:
     virtual ~Choices() = default;
 
-    virtual uint32_t below(uint32_t bound) = 0;
+    virtual uint32_t below(uint64_t bound) = 0;
     virtual Placement placement() = 0;
 
     // A text over the alphabet; up to `depth` bytes (a little more or less by the depth of the run) where all are
@@ -44,12 +45,16 @@ public:
     bool steers() { return isLong() && flag(); }
 
     bool flag() { return below(2) != 0; }
-    int32_t between(int32_t first, int32_t last) {
-        return first + static_cast<int32_t>(below(static_cast<uint32_t>(last - first + 1)));
+    int32_t between(int64_t first, int64_t last) {
+        return static_cast<int32_t>(first + below(static_cast<uint64_t>(last - first + 1)));
     }
     template <class Values>
     auto pick(const Values &values) {
-        return std::data(values)[below(static_cast<uint32_t>(std::size(values)))];
+        return std::data(values)[below(std::size(values))];
+    }
+    template <class Value>
+    Value pick(std::initializer_list<Value> values) {
+        return values.begin()[below(values.size())];
     }
 
     // Tells whether the round has come to something. Every round tells all of its property's outcomes.
@@ -68,24 +73,24 @@ private:
 
 // -1 for slow targets, 0 for every day, 1 and more for long runs.
 inline int depthShift() {
-    static const int shift = [] {
-        const char *const depth = std::getenv("STRLIB_TEST_DEPTH");
-        return depth == nullptr ? 0 : std::atoi(depth);
-    }();
-    return shift;
+    static const char *const depth = std::getenv("STRLIB_TEST_DEPTH");
+    return depth == nullptr ? 0 : std::atoi(depth);
+}
+
+inline uint32_t byDepth(uint32_t slow, uint32_t everyDay, uint32_t deep) {
+    return depthShift() < 0 ? slow : depthShift() == 0 ? everyDay : deep;
 }
 
 // Every sequence of choices in turn: an odometer whose wheels appear as the property asks for them.
 class Enumeration : public Choices {
 public:
-    uint32_t below(uint32_t bound) override {
+    uint32_t below(uint64_t bound) override {
         if (next_ == wheels_.size()) wheels_.push_back({0, bound});
         return wheels_[next_++].value;
     }
     Placement placement() override { return {Placement::atEnd, 0}; }
     std::string text(std::string_view alphabet, uint32_t depth) override {
-        const int longest = static_cast<int>(depth) + depthShift();
-        std::string text(below(static_cast<uint32_t>(longest > 1 ? longest : 1) + 1), ' ');
+        std::string text(static_cast<size_t>(between(0, std::max(int64_t{depth} + depthShift(), int64_t{1}))), ' ');
         for (char &byte : text) byte = pick(alphabet);
         return text;
     }
@@ -100,7 +105,7 @@ public:
 private:
     struct Wheel {
         uint32_t value;
-        uint32_t bound;
+        uint64_t bound;
     };
     std::vector<Wheel> wheels_;
     size_t next_ = 0;
@@ -112,8 +117,7 @@ class Stream : public Choices {
 public:
     Placement placement() override { return {static_cast<decltype(Placement::where)>(below(3)), below(32)}; }
     std::string text(std::string_view alphabet, uint32_t) override {
-        static constexpr uint32_t longest[] = {3, 20, 60, 200};
-        std::string text(below(pick(longest) + 1), '\0');
+        std::string text(below(pick({4u, 21u, 61u, 201u})), '\0');
         const uint32_t manner = below(4);
         const char repeated = pick(alphabet);
         for (char &byte : text) {
@@ -132,7 +136,7 @@ public:
 class Random : public Stream {
 public:
     explicit Random(uint32_t seed) : engine_(seed) {}
-    uint32_t below(uint32_t bound) override { return static_cast<uint32_t>(engine_() % bound); }
+    uint32_t below(uint64_t bound) override { return static_cast<uint32_t>(engine_() % bound); }
 
 private:
     std::mt19937 engine_;

@@ -57,12 +57,9 @@ public:
 
     // Whether the room holds these bytes and everything around and behind them is still filler.
     bool holds(std::string_view bytes) const {
-        const char *const end = at_ + bytes.size();
-        const auto isFiller = [](const char *first, const char *last) {
-            while (first < last && *first == filler) ++first;
-            return first >= last;
-        };
-        return std::string_view(at_, bytes.size()) == bytes && isFiller(first_, at_) && isFiller(end, last_);
+        const auto isFiller = [](char byte) { return byte == filler; };
+        return std::string_view(at_, bytes.size()) == bytes && std::all_of(first_, at_, isFiller) &&
+               std::all_of(at_ + bytes.size(), last_, isFiller);
     }
 
     std::string content() const { return {at_, static_cast<size_t>(last_ - at_)}; }

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
+#include <cstdlib>
 
 namespace model {
 
 namespace {
+
+const std::string decimals = "0123456789";
+const std::string blanks = "\1\2\3\4\5\6\7\b\t\n\v\f\r\16\17\20\21\22\23\24\25\26\27\30\31\32\33\34\35\36\37 ";
 
 uint8_t byteAt(const std::string &string, size_t index) {
     return index < string.size() ? static_cast<uint8_t>(string[index]) : 0;
@@ -14,13 +17,23 @@ uint8_t byteAt(const std::string &string, size_t index) {
 
 bool isContained(const std::string &bytes, char byte) { return bytes.find(byte) != std::string::npos; }
 
-const std::string &blanks() {
-    static const std::string all = [] {
-        std::string bytes;
-        for (char byte = 1; byte <= 32; ++byte) bytes += byte;
-        return bytes;
-    }();
-    return all;
+int32_t signedAt(const std::string &string, size_t index) {
+    const int32_t value = byteAt(string, index);
+    return value < 128 ? value : value - 256;
+}
+
+size_t blanksEnd(const std::string &string, size_t from) {
+    return std::min(string.find_first_not_of(blanks, from), string.size());
+}
+
+std::string prefixOf(const std::string &text, const std::string &allowed) {
+    return text.substr(0, text.find_first_not_of(allowed));
+}
+
+}  // namespace
+
+std::string copied(const std::string &source, int64_t limit) {
+    return source.substr(0, static_cast<size_t>(std::max<int64_t>(limit, 0)));
 }
 
 std::string lowered(std::string string) {
@@ -30,40 +43,20 @@ std::string lowered(std::string string) {
     return string;
 }
 
-int32_t signedAt(const std::string &string, size_t index) {
-    const int32_t value = byteAt(string, index);
-    return value < 128 ? value : value - 256;
-}
-
-std::string prefixOf(const std::string &text, const std::string &allowed) {
-    return text.substr(0, text.find_first_not_of(allowed));
-}
-
-const std::string decimals = "0123456789";
-
-}  // namespace
-
-std::string copied(const std::string &source, int64_t limit) {
-    return source.substr(0, static_cast<size_t>(std::max<int64_t>(limit, 0)));
-}
-
-int32_t compare(const std::string &first, const std::string &second, Bytes bytes, int64_t count) {
-    const std::string a = bytes == Bytes::folded ? lowered(first) : first;
-    const std::string b = bytes == Bytes::folded ? lowered(second) : second;
+int32_t compare(const std::string &first, const std::string &second, int64_t count) {
     const size_t positions = count < 0 ? 1 : static_cast<size_t>(count);
-    for (size_t i = 0; i < positions && i <= std::max(a.size(), b.size()); ++i) {
-        if (byteAt(a, i) != byteAt(b, i)) return signedAt(a, i) - signedAt(b, i);
+    for (size_t i = 0; i < positions && i <= std::max(first.size(), second.size()); ++i) {
+        if (byteAt(first, i) != byteAt(second, i)) return signedAt(first, i) - signedAt(second, i);
     }
     return 0;
 }
 
 int32_t collate(const std::string &first, const std::string &second, const uint8_t *table) {
     const auto key = [&](const std::string &string) {
-        std::string mapped;
-        for (const char byte : string) mapped += static_cast<char>(table[static_cast<uint8_t>(byte)]);
+        const std::string mapped = converted(string, table);
         return mapped.substr(0, mapped.find('\0'));
     };
-    return compare(key(first), key(second), Bytes::exact, INT32_MAX);
+    return compare(key(first), key(second), INT32_MAX);
 }
 
 int32_t compareRanges(const std::string &first, const std::string &second) {
@@ -71,53 +64,40 @@ int32_t compareRanges(const std::string &first, const std::string &second) {
     return a == first.end() ? 0 : static_cast<uint8_t>(*a) - static_cast<uint8_t>(*b);
 }
 
-size_t findFirst(const std::string &string, uint8_t byte) { return string.find(static_cast<char>(byte)); }
-size_t findLast(const std::string &string, uint8_t byte) { return string.rfind(static_cast<char>(byte)); }
+size_t findFirst(const std::string &string, char byte) { return string.find(byte); }
+size_t findLast(const std::string &string, char byte) { return string.rfind(byte); }
 
-size_t findSubstring(std::string string, std::string substring, Bytes bytes) {
-    if (bytes == Bytes::exact) return string.find(substring);
-    string = lowered(std::move(string));
-    substring = lowered(std::move(substring));
-    const bool onlyAtTheEnd = substring.size() > UINT16_MAX;
-    if (!onlyAtTheEnd) return string.find(substring);
-    return string.ends_with(substring) ? string.size() - substring.size() : none;
+size_t findFolded(const std::string &string, const std::string &substring) {
+    if (substring.size() <= UINT16_MAX) return lowered(string).find(lowered(substring));
+    return lowered(string).ends_with(lowered(substring)) ? string.size() - substring.size() : none;
 }
 
-bool isBlankLine(const std::string &string) { return string.find_first_not_of(blanks()) == none; }
+bool isBlankLine(const std::string &string) { return string.find_first_not_of(blanks) == none; }
 
-std::string converted(const std::string &string, const uint8_t *table) {
-    std::string result = string;
-    std::transform(string.begin(), string.end(), result.begin(),
-                   [&](char byte) { return static_cast<char>(table[static_cast<uint8_t>(byte)]); });
-    return result;
+std::string converted(std::string string, const uint8_t *table) {
+    for (char &byte : string) byte = static_cast<char>(table[static_cast<uint8_t>(byte)]);
+    return string;
 }
 
 int32_t readInteger(const std::string &text) {
-    const size_t start = std::min(text.find_first_not_of(blanks()), text.size());
-    std::string rest = text.substr(start);
-    if (rest.starts_with("0x")) {
-        const std::string digits = prefixOf(rest.substr(2), "0123456789abcdefABCDEF");
-        const std::string last = digits.substr(digits.size() - std::min<size_t>(digits.size(), 8));
-        return static_cast<int32_t>(last.empty() ? 0 : std::stoul(last, nullptr, 16));
-    }
+    const std::string rest = text.substr(blanksEnd(text, 0));
     const bool negative = rest.starts_with("-");
+    const bool hexadecimal = rest.starts_with("0x");
+    const std::string digits = hexadecimal ? "0123456789abcdef" : decimals;
     uint64_t value = 0;
-    for (const char digit : prefixOf(rest.substr(negative), decimals)) {
-        value = (value * 10 + decimals.find(digit)) % (uint64_t{1} << 32);
-    }
-    return static_cast<int32_t>(static_cast<uint32_t>(negative ? -value : value));
+    for (const char digit : prefixOf(lowered(rest.substr(hexadecimal ? 2 : negative)), digits))
+        value = (value * digits.size() + digits.find(digit)) % (uint64_t{1} << 32);
+    return static_cast<int32_t>(negative ? 0 - value : value);
 }
 
 std::optional<std::string> writtenInteger(int32_t value, int32_t size, int32_t radix) {
     if (value != 0 && (radix < 2 || radix > 36)) return std::nullopt;
     char digits[40];
-    const int64_t wide = value;
-    const auto end = std::to_chars(digits, digits + sizeof digits, wide < 0 ? -wide : wide, value == 0 ? 10 : radix);
-    std::string text(digits, end.ptr);
-    for (char &digit : text) {
-        if (digit >= 'a') digit = static_cast<char>(digit - 32);
-    }
-    if (wide < 0 && radix == 10) text = '-' + text;
+    const uint64_t magnitude = static_cast<uint64_t>(std::abs(int64_t{value}));
+    const auto end = std::to_chars(digits, digits + sizeof digits, magnitude, value == 0 ? 10 : radix);
+    std::string text = value < 0 && radix == 10 ? "-" : "";
+    for (const char *digit = digits; digit != end.ptr; ++digit)
+        text += *digit < 'a' ? *digit : static_cast<char>(*digit - 32);
     return text.size() < static_cast<size_t>(size) ? std::optional(text) : std::nullopt;
 }
 
@@ -135,35 +115,22 @@ char escaped(char letter) { return letter == 'r' ? '\r' : letter == 't' ? '\t' :
 
 }  // namespace
 
-std::string print(uint32_t size, const std::string &format, const std::function<Argument(char)> &next) {
+std::string print(uint32_t size, const std::string &format, const std::function<std::string(char)> &next) {
     std::string output;
     for (size_t at = 0; at < format.size();) {
         char byte = format[at++];
         if (byte == '%') {
             const uint32_t width = takeWidth(format, at);
-            if (at == format.size()) break;
             byte = format[at++];
             if (isContained("dsc", byte)) {
-                const Argument argument = next(byte);
-                std::string item;
-                size_t bound = 11;
-                if (byte == 'd') {
-                    bound = std::min<size_t>(width, bound);
-                    item = std::to_string(std::get<int32_t>(argument));
-                    if (item.size() >= bound) item.clear();
-                } else if (byte == 'c') {
-                    item = static_cast<char>(std::get<int32_t>(argument));
-                    bound = 1;
-                } else {
-                    const char *const string = std::get<const char *>(argument);
-                    item = string == nullptr ? "" : string;
-                    bound = item.size();
-                }
-                if (output.size() + bound < size) output += item;
+                std::string text = next(byte);
+                const size_t bound = byte == 'd' ? std::min(width, 11u) : text.size();
+                if (byte == 'd' && text.size() >= bound) text.clear();
+                if (output.size() + bound < size) output += text;
                 continue;
             }
         }
-        if (output.size() + 1 >= size) break;
+        if (byte == 0 || output.size() + 1 >= size) break;
         output += byte == '\\' && at < format.size() ? escaped(format[at++]) : byte;
     }
     return output + '\0';
@@ -171,37 +138,61 @@ std::string print(uint32_t size, const std::string &format, const std::function<
 
 namespace {
 
-std::string littleEndian(uint32_t value, size_t bytes) {
-    std::string result;
-    for (size_t i = 0; i < bytes; ++i) result += static_cast<char>(value >> 8 * i & 0xFF);
-    return result;
+template <class Integer>
+std::string stored(uint64_t value) {
+    const auto integer = static_cast<Integer>(value);
+    return {reinterpret_cast<const char *>(&integer), sizeof integer};
 }
 
-// One conversion of a scan; whether it succeeds.
-bool scanField(char kind, const std::string &input, size_t &at, uint32_t width, const std::string &stops, size_t size,
-               std::string &bytes) {
-    if (kind == 'n') {
-        bytes = littleEndian(static_cast<uint32_t>(at), 4);
-        return true;
+struct Directive {
+    char kind;  // a conversion's letter, or 0 where a byte is to be matched
+    char byte;
+    uint32_t width;
+    std::string stops;  // what ends the field
+};
+
+// The directive at a place, or the byte there: the NUL where the format ends. A size letter stays in force.
+Directive takeDirective(const std::string &format, size_t &at, char &sizeLetter) {
+    if (format[at] != '%') return {0, format[at++], 0, ""};
+    const uint32_t width = takeWidth(format, ++at);
+    char byte = format[at++];
+    std::string stops = blanks;
+    char kind = isContained("csiun", byte) ? byte : '\0';
+    if (isContained("bhl", byte)) {
+        sizeLetter = byte;
+        byte = format[at++];
+        if (isContained("iu", byte)) kind = byte;
+    } else if (byte == '[' && (byte = format[at++]) == '^' && at < format.size()) {
+        stops = format[at++];
+        byte = format[at++];
+        if (byte == ']') kind = '[';
     }
-    const std::string rest = input.substr(at);
-    if (kind == 'c') {
-        bytes = rest.substr(0, 1);
-        at += bytes.size();
-        return !bytes.empty();
+    return {kind, byte, width, stops};
+}
+
+// What a conversion stores, and how many bytes of the input it uses; none where it fails.
+std::pair<std::string, size_t> convert(const Directive &directive, const std::string &input, size_t position,
+                                       char sizeLetter) {
+    const std::string rest = input.substr(position);
+    switch (directive.kind) {
+        case 'n': return {stored<uint32_t>(position), 0};
+        case 'c': return {rest.substr(0, 1), std::min<size_t>(rest.size(), 1)};
+        case 'i':
+        case 'u': {
+            const auto value = static_cast<uint32_t>(readInteger(rest));
+            const size_t sign = rest.starts_with('-');
+            const size_t digits = prefixOf(rest.substr(sign), decimals).size();
+            const size_t used = digits == 0 ? 0 : sign + digits;
+            if (sizeLetter == 'b') return {stored<uint8_t>(value), used};
+            return {sizeLetter == 'h' ? stored<uint16_t>(value) : stored<uint32_t>(value), used};
+        }
+        default: {
+            if (directive.width == 0) return {"", 0};
+            const size_t length = std::min<size_t>(rest.find_first_of(directive.stops), directive.width - 1);
+            const std::string field = rest.substr(0, length);
+            return {field + '\0', field.size()};
+        }
     }
-    if (kind == 'i' || kind == 'u') {
-        bytes = littleEndian(static_cast<uint32_t>(readInteger(rest)), size);
-        const size_t sign = rest.starts_with('-');
-        const size_t digits = prefixOf(rest.substr(sign), decimals).size();
-        if (digits != 0) at += sign + digits;
-        return digits != 0;
-    }
-    if (width == 0) return false;
-    const std::string field = rest.substr(0, std::min<size_t>(rest.find_first_of(stops), width - 1));
-    bytes = field + '\0';
-    at += field.size();
-    return !field.empty();
 }
 
 }  // namespace
@@ -209,49 +200,28 @@ bool scanField(char kind, const std::string &input, size_t &at, uint32_t width, 
 Scan scan(const std::string &input, const std::string &format) {
     Scan result = {-1, {}};
     if (input.empty()) return result;
-    size_t position = std::min(input.find_first_not_of(blanks()), input.size());
+    size_t position = blanksEnd(input, 0);
     std::string skipped = input.substr(0, position);  // for the pairs that open the format
-    size_t size = 4;
+    char sizeLetter = 'l';
     for (size_t at = 0; at < format.size();) {
-        uint32_t width = UINT32_MAX;
-        std::string stops = blanks();
-        char kind = 0;
-        char byte = format[at++];
-        if (byte == '%') {
-            width = takeWidth(format, at);
-            if (at == format.size()) break;
-            byte = format[at++];
-            if (isContained("csiun", byte)) {
-                kind = byte;
-            } else if (isContained("bhl", byte)) {
-                size = byte == 'b' ? 1 : byte == 'h' ? 2 : 4;
-                if (at == format.size()) break;
-                byte = format[at++];
-                if (byte == 'i' || byte == 'u') kind = byte;
-            } else if (byte == '[') {
-                const size_t length = format[at] == '^' ? 3 : 1;
-                if (at + length > format.size()) break;
-                stops = format[at + 1];
-                at += length;
-                byte = format[at - 1];
-                if (length == 3 && byte == ']') kind = '[';
-            }
-        }
-        if (kind != 0) {
-            result.result = std::max(result.result, 0);
-            result.fields.push_back({kind, ""});
-            if (!scanField(kind, input, position, width, stops, size, result.fields.back().bytes)) break;
-            result.result += kind != 'n';
+        const Directive directive = takeDirective(format, at, sizeLetter);
+        if (directive.kind != 0) {
             skipped.clear();
+            const auto [bytes, used] = convert(directive, input, position, sizeLetter);
+            result.fields.push_back({directive.kind, bytes});
+            result.result = std::max(result.result, 0) + (used != 0);
+            if (used == 0 && directive.kind != 'n') break;
+            position += used;
             continue;
         }
-        const bool pair = byte == '\\';
-        if (pair && at == format.size()) break;
-        if (!pair || !isContained("rtn", format[at])) skipped.clear();
-        if (pair) byte = escaped(format[at++]);
+        const bool pair = directive.byte == '\\';
+        const char letter = pair ? format[at++] : directive.byte;
+        const char byte = pair ? escaped(letter) : letter;
+        if (byte == 0) break;
+        if (byte == letter) skipped.clear();
         if (byte == ' ')
-            position = std::min(input.find_first_not_of(blanks(), position), input.size());
-        else if (byteAt(input, position) == static_cast<uint8_t>(byte))
+            position = blanksEnd(input, position);
+        else if (input[position] == byte)
             ++position;
         else if (!isContained(skipped, byte))
             break;
@@ -274,37 +244,19 @@ Token token(const std::string &string, const std::string &delimiters) {
     return {first, std::min(string.find_first_of(delimiters, first), string.size())};
 }
 
-std::string encode(uint32_t codePoint) {
-    if (codePoint > INT32_MAX) return " ";
-    if (codePoint < 0x80) return std::string(1, static_cast<char>(codePoint));
-    std::string tail;
-    uint32_t room = 0x40;  // values that fit in the lead byte
-    while (codePoint >= room) {
-        tail.insert(tail.begin(), static_cast<char>(0x80 + codePoint % 64));
-        codePoint /= 64;
-        room = tail.size() == 1 ? 0x20 : room / 2;
-    }
-    static constexpr uint32_t marks[] = {0, 0xC0, 0xE0, 0xF0, 0xF8, 0xFC};
-    return static_cast<char>(marks[tail.size()] + codePoint) + tail;
-}
-
 namespace {
 
-// By the first byte of a sequence: its length (0 for none) and the payload it carries.
+// The first of the bytes that begin sequences of a length; 0 for those that begin none.
 struct Lead {
+    uint8_t first;
     size_t length;
-    uint32_t payload;
 };
+constexpr Lead leads[] = {{0xFE, 0}, {0xFC, 6}, {0xF8, 5}, {0xF0, 4}, {0xE0, 3}, {0xC0, 2}, {0x80, 0}, {0x00, 1}};
 
 Lead leadOf(uint8_t byte) {
-    if (byte < 0x80) return {1, byte};
-    if (byte < 0xC0) return {0, 0};
-    if (byte < 0xE0) return {2, byte - 0xC0u};
-    if (byte < 0xF0) return {3, byte - 0xE0u};
-    if (byte < 0xF8) return {4, byte - 0xF0u};
-    if (byte < 0xFC) return {5, byte - 0xF8u};
-    if (byte < 0xFE) return {6, byte - 0xFCu};
-    return {0, 0};
+    const Lead *lead = leads;
+    while (byte < lead->first) ++lead;
+    return *lead;
 }
 
 size_t continuations(const std::string &input, size_t most) {
@@ -315,13 +267,25 @@ size_t continuations(const std::string &input, size_t most) {
 
 }  // namespace
 
+std::string encode(uint32_t codePoint) {
+    if (codePoint > INT32_MAX) return " ";
+    if (codePoint < 0x80) return std::string(1, static_cast<char>(codePoint));
+    std::string tail;
+    for (size_t index = 5;; --index) {
+        tail.insert(tail.begin(), static_cast<char>(0x80 + codePoint % 64));
+        codePoint /= 64;
+        const uint32_t lead = leads[index].first + codePoint;
+        if (lead < leads[index - 1].first) return static_cast<char>(lead) + tail;
+    }
+}
+
 Decoded decode(const std::string &input, uint32_t before) {
     const uint8_t first = byteAt(input, 0);
     const Lead lead = leadOf(first);
     if (first < 0xC0) return {1, first % 128u};
     if (lead.length == 0) return {0, before};
     const size_t count = first < 0xC2 ? 0 : continuations(input, lead.length - 1);
-    uint32_t value = lead.payload;
+    uint32_t value = first - uint32_t{lead.first};
     for (size_t i = 1; i < lead.length; ++i) value = value * 64 + (i <= count ? byteAt(input, i) % 64 : 0);
     return {count == lead.length - 1 ? static_cast<int32_t>(lead.length) : 0, value};
 }
@@ -352,24 +316,22 @@ size_t findAnyCharacter(const std::string &string, const std::string &set) {
 int32_t stringDifference(const std::string &first, const std::string &second) {
     int64_t sum = 0;
     int64_t weight = 1;
-    for (size_t k = 1; k <= 4; ++k, weight *= 256) {
-        if (k <= first.size()) sum += weight * signedAt(first, first.size() - k);
-        if (k <= second.size()) sum -= weight * signedAt(second, second.size() - k);
-    }
-    return static_cast<int32_t>(static_cast<uint32_t>(static_cast<uint64_t>(sum)));
+    // Beyond the front, where the index wraps, bytes are 0.
+    for (size_t k = 1; k <= 4; ++k, weight *= 256)
+        sum += weight * (signedAt(first, first.size() - k) - signedAt(second, second.size() - k));
+    return static_cast<int32_t>(sum);
 }
 
-std::string stringSum(const std::string &source, int32_t addend) {
-    std::string reversed(source.rbegin(), source.rend());
-    for (size_t k = 0; k < 4; ++k) {
-        if (k >= reversed.size() && addend == 0) break;
-        if (k >= reversed.size()) reversed += '\0';
-        reversed[k] = static_cast<char>(reversed[k] + addend % 256);
-        addend = addend < 0 ? -((-(addend + 1)) / 256) - 1 : addend / 256;  // rounds down
+std::string stringSum(std::string source, int32_t addend) {
+    for (size_t k = 1; k <= 4 && addend != 0; ++k) {
+        if (k > source.size()) source.insert(source.begin(), '\0');
+        char &digit = source[source.size() - k];
+        const int32_t lowByte = (addend % 256 + 256) % 256;
+        digit = static_cast<char>(digit + lowByte);
+        addend = (addend - lowByte) / 256;
         if (addend == -1) addend = 0;
     }
-    const std::string sum(reversed.rbegin(), reversed.rend());
-    return sum.substr(0, sum.find('\0'));
+    return source.substr(0, source.find('\0'));
 }
 
 }  // namespace model

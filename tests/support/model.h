@@ -8,7 +8,6 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <variant>
 #include <vector>
 
 namespace model {
@@ -17,27 +16,26 @@ inline constexpr size_t none = std::string::npos;
 
 std::string copied(const std::string &source, int64_t limit);
 
-enum class Bytes { exact, folded };
-int32_t compare(const std::string &first, const std::string &second, Bytes bytes, int64_t count);
+std::string lowered(std::string string);
+int32_t compare(const std::string &first, const std::string &second, int64_t count);
 int32_t collate(const std::string &first, const std::string &second, const uint8_t *table);
 int32_t compareRanges(const std::string &first, const std::string &second);
 
-size_t findFirst(const std::string &string, uint8_t byte);
-size_t findLast(const std::string &string, uint8_t byte);
-size_t findSubstring(std::string string, std::string substring, Bytes bytes);
+size_t findFirst(const std::string &string, char byte);
+size_t findLast(const std::string &string, char byte);
+size_t findFolded(const std::string &string, const std::string &substring);
 
 bool isBlankLine(const std::string &string);
-std::string converted(const std::string &string, const uint8_t *table);
+std::string converted(std::string string, const uint8_t *table);
 
 int32_t readInteger(const std::string &text);
 // Nothing for a text that does not fit.
 std::optional<std::string> writtenInteger(int32_t value, int32_t size, int32_t radix);
 
-using Argument = std::variant<int32_t, const char *>;
-// The bytes stored, with the final NUL; `next` gives the argument of each conversion, told its letter.
-std::string print(uint32_t size, const std::string &format, const std::function<Argument(char)> &next);
+// The bytes stored, with the final NUL; `next` gives the text of each conversion's argument, told its letter.
+std::string print(uint32_t size, const std::string &format, const std::function<std::string(char)> &next);
 
-// What a scan stores: for each conversion reached its letter, and the bytes written (little end first for integers).
+// What a scan stores: for each conversion reached its letter, and the bytes written.
 struct Field {
     char kind;
     std::string bytes;
@@ -75,7 +73,7 @@ Character readCharacter(const std::string &input);
 size_t findAnyCharacter(const std::string &string, const std::string &set);
 
 int32_t stringDifference(const std::string &first, const std::string &second);
-std::string stringSum(const std::string &source, int32_t addend);
+std::string stringSum(std::string source, int32_t addend);
 
 }  // namespace model
 

@@ -1,9 +1,36 @@
 #include "property.h"
 
-#include <algorithm>
-#include <array>
+#include <cctype>
+#include <cstdio>
 
 namespace tests {
+
+namespace {
+
+std::string lastArguments() {
+    std::string text;
+    for (int i = 0; i < 3; ++i) {
+        text += "\n ";
+        for (const char byte : region(i).content().substr(0, 80)) {
+            char digits[4];
+            std::snprintf(digits, sizeof digits, " %02x", static_cast<uint8_t>(byte));
+            text += digits;
+        }
+    }
+    return text;
+}
+
+}  // namespace
+
+bool Property::holds(Choices &choices) const {
+    try {
+        check_(choices);
+        return true;
+    } catch (const std::exception &failure) {
+        std::fprintf(stderr, "FAILED %s: %s%s\n", name, failure.what(), lastArguments().c_str());
+        return false;
+    }
+}
 
 void require(bool holds, const char *what) {
     if (!holds) throw std::runtime_error(what);
@@ -24,6 +51,8 @@ void requireBytes(int index, const std::string &expected) {
     throw std::runtime_error("stored bytes: " + region(index).content() + ", expected " + expected);
 }
 
+void requireNothingAround(int index, size_t size) { requireBytes(index, region(index).content().substr(0, size)); }
+
 char *string(Choices &choices, int index, const std::string &bytes) {
     return region(index).place(std::string_view(bytes.c_str(), bytes.size() + 1), choices.placement());
 }
@@ -40,30 +69,22 @@ void plant(Choices &choices, std::string &text, const std::string &set) {
     for (char &byte : text) {
         if (set.find(byte) != std::string::npos) byte = other;
     }
-    if (choices.below(4) != 0) text[choices.below(static_cast<uint32_t>(text.size()))] = choices.pick(set);
+    if (choices.below(4) != 0) text[choices.below(text.size())] = choices.pick(set);
 }
 
-std::string numeral(Choices &choices) {
-    static constexpr std::array<const char *, 6> starts = {"", "", "-", "-", "0x", "+"};
-    static constexpr std::array<std::string_view, 4> digits = {"0123456789", "0123456789", "0",
-                                                               "0123456789abcdefABCDEF"};
-    std::string text = choices.pick(starts);
-    const std::string_view among = text == "0x" ? digits[3] : choices.pick(digits);
-    for (uint32_t rest = choices.below(choices.pick(std::array{4u, 14u})); rest != 0; --rest)
-        text += choices.pick(among);
+std::string recased(Choices &choices, std::string text, uint32_t oneIn) {
+    for (char &byte : text) {
+        if (std::isalpha(static_cast<uint8_t>(byte)) != 0 && choices.below(oneIn) == 0) byte ^= 0x20;
+    }
     return text;
 }
 
-std::string lastArguments() {
-    std::string text;
-    for (int i = 0; i < 3; ++i) {
-        text += "\n ";
-        for (const char byte : region(i).content().substr(0, 80)) {
-            static constexpr char digits[] = "0123456789abcdef";
-            const auto value = static_cast<uint8_t>(byte);
-            text += {' ', digits[value / 16], digits[value % 16]};
-        }
-    }
+std::string numeral(Choices &choices) {
+    std::string text = choices.pick({"", "", "-", "-", "0x", "+"});
+    const std::string_view digits = "0123456789", hexadecimal = "0123456789abcdefABCDEF";
+    const std::string_view among =
+        text == "0x" ? hexadecimal : choices.pick({digits, digits, digits.substr(0, 1), hexadecimal});
+    for (uint32_t rest = choices.below(choices.pick({4u, 14u})); rest != 0; --rest) text += choices.pick(among);
     return text;
 }
 

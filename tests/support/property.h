@@ -1,6 +1,10 @@
 #ifndef TESTS_SUPPORT_PROPERTY_H
 #define TESTS_SUPPORT_PROPERTY_H
 
+#include <strlib.h>
+
+#include <algorithm>
+#include <array>
 #include <stdexcept>
 #include <vector>
 
@@ -14,25 +18,42 @@ namespace tests {
 // throws where they do not. Defined at namespace scope, it is one of those that the drivers run.
 class Property {
 public:
-    Property(const char *ofName, void (*ofCheck)(Choices &)) : name(ofName), check(ofCheck) { all().push_back(this); }
+    Property(const char *ofName, void (*check)(Choices &)) : name(ofName), check_(check) { all().push_back(this); }
 
     static std::vector<const Property *> &all() {
         static std::vector<const Property *> properties;
         return properties;
     }
 
+    // Tells what fails, and the arguments of the last call.
+    bool holds(Choices &choices) const;
+
     const char *const name;
-    void (*const check)(Choices &choices);
+
+private:
+    void (*const check_)(Choices &choices);
 };
 
 // One byte of each class that some routine tells apart.
 inline constexpr std::string_view alphabet("aAbz0 \n\r\x7F\x80\xC3\xFF", 12);
+
+// A table that folds, moves letters to the negative bytes and ends strings at one ordinary byte.
+inline constexpr auto table = [] {
+    std::array<uint8_t, 256> bytes = {};
+    for (uint32_t i = 0; i < 256; ++i) bytes[i] = static_cast<uint8_t>(i * 7);
+    bytes['A'] = bytes['a'] = 0x90;
+    bytes['z'] = 0;
+    return bytes;
+}();
 
 void require(bool holds, const char *what);
 void requireEqual(int64_t actual, int64_t expected, const char *what);
 void requirePosition(const char *result, const char *start, size_t expected);
 // Whether a region holds these bytes, and nothing else than filler around them.
 void requireBytes(int index, const std::string &expected);
+
+// Whether a region, of which so many bytes may hold anything, holds nothing but filler around them.
+void requireNothingAround(int index, size_t size);
 
 // Places a string and its NUL. Each argument has a region of its own.
 char *string(Choices &choices, int index, const std::string &bytes);
@@ -43,11 +64,11 @@ char *bounded(Choices &choices, int index, const std::string &bytes, int64_t cou
 // The text without bytes of the set but, most times, a single one at any place.
 void plant(Choices &choices, std::string &text, const std::string &set);
 
+// The same text with one letter in so many in the other case.
+std::string recased(Choices &choices, std::string text, uint32_t oneIn);
+
 // A number with whatever may stand around it.
 std::string numeral(Choices &choices);
-
-// The bytes of the arguments of the last call, to tell a failure by.
-std::string lastArguments();
 
 }  // namespace tests
 
