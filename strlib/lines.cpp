@@ -16,9 +16,7 @@ struct Marks {
     }
 };
 
-}  // namespace
-
-int32_t X_TAMBRO_gets(char *destination, int32_t size, const char *source) {
+[[gnu::noinline]] int32_t takeByBlocks(char *destination, int32_t size, const char *source) {
     const uint8_t *at = bytesOf(source);
     uint8_t *to = bytesOf(destination);
     size_t room = static_cast<size_t>(size);
@@ -36,4 +34,25 @@ int32_t X_TAMBRO_gets(char *destination, int32_t size, const char *source) {
     *to = 0;
     if (room == 0) --at;  // The last byte stored is the last one read.
     return static_cast<int32_t>(at - bytesOf(source));
+}
+
+// For a line that is taken into the text itself, at its place or closely before it: blocks would load again what has
+// been overwritten.
+[[gnu::noinline, gnu::cold]] int32_t takeByBytes(char *destination, int32_t size, const char *source) {
+    int32_t index = 0;
+    for (; source[index] != '\n' && source[index] != 0; ++index) {
+        if (source[index] == '\r') continue;
+        *destination++ = source[index];
+        if (--size == 0) break;
+    }
+    *destination = 0;
+    return index;
+}
+
+}  // namespace
+
+int32_t X_TAMBRO_gets(char *destination, int32_t size, const char *source) {
+    const size_t distance = block::addressOf(bytesOf(source)) - block::addressOf(bytesOf(destination));
+    return distance < 2 * block::size ? takeByBytes(destination, size, source)
+                                      : takeByBlocks(destination, size, source);
 }

@@ -541,7 +541,8 @@ int32_t TQ_sscanf(const char *input, const char *format, const intptr_t *argumen
  * ```
  * @param destination Room for size + 1 bytes (one more than the size), not null.
  * @param size The most bytes to store, the NUL not counted; 1 or more. Carriage returns do not count.
- * @param source A string, not null. It must not overlap the destination.
+ * @param source A string, not null. If it overlaps the destination, the destination must begin at its first byte or
+ *        before: a line may be taken in place.
  * @return The index in the source of the last byte read: the line feed, the NUL, or the last byte stored.
  */
 int32_t X_TAMBRO_gets(char *destination, int32_t size, const char *source) STRLIB_NONNULL(1, 3) STRLIB_NOTHROW;
