@@ -49,8 +49,10 @@ static const Property concatenation("concatenation", [](Choices &choices) {
 
 // Copies within one buffer go byte by byte from the front, so what they store first may be what they read later.
 static const Property overlappingCopy("overlapping copy", [](Choices &choices) {
-    const std::string text = choices.text(alphabet, 4);
-    const size_t distance = choices.steers() ? choices.below(34) : choices.below(text.size() + 3);
+    std::string text = choices.text(alphabet, 4);
+    if (choices.steers()) text.resize(choices.below(900));
+    for (size_t i = 0; choices.isLong() && i < text.size(); ++i) text[i] = static_cast<char>(1 + i % 251);
+    const size_t distance = choices.steers() ? choices.below(140) : choices.below(text.size() + 3);
     const bool ahead = choices.flag();
     const bool isBounded = ahead || choices.flag();
     const int32_t count = choices.between(isBounded ? 0 : std::ssize(text) + 1, std::ssize(text) + 1 + isBounded);
@@ -71,6 +73,7 @@ static const Property overlappingCopy("overlapping copy", [](Choices &choices) {
     requireBytes(0, image);
     choices.outcome("read what it had stored, behind byte 16", 3, ahead && distance != 0 && copied > distance + 16);
     choices.outcome("moved down by less than 34, for more", 4, !ahead && distance < 34 && copied > 34);
+    choices.outcome("by less than 128, for more than 256", 8, distance < 128 && copied > 256);
 });
 
 static const Property fill("fill", [](Choices &choices) {
