@@ -94,7 +94,7 @@ void misuse(const char *text, const char *second, const uint8_t *table, const in
 void legitimate(const char *text, char *room, const char *null, char *noRoom, const uint8_t *noTable, int32_t count,
                 uint32_t codePoint) {
     static const char raw[3] = {'a', 'b', 'c'};
-    char two[2], four[4], five[5], seven[7], eight[8];
+    char two[2], three[3], four[4], five[5], seven[7], eight[8];
     struct Record record;
     int32_t number;
     fill(two, four, eight);
@@ -103,12 +103,12 @@ void legitimate(const char *text, char *room, const char *null, char *noRoom, co
        TQANSI_memset(), TQANSI_itoa() and TQ_sprintf() answer but nobody would write.) */
     TQ_convertZstring(NULL, NULL);
     use(TQANSI_strlen(NULL), TQANSI_strcpy(NULL, text), TQANSI_strcpy(room, NULL), TQANSI_strncpy(NULL, NULL, 3),
-        TQANSI_strcat(NULL, NULL), TQANSI_strncat(room, NULL, -1), TQ_strappend(NULL, NULL),
+        TQANSI_strcat(NULL, NULL), TQANSI_strncat(NULL, NULL, -1), TQ_strappend(NULL, NULL),
         TQANSI_memset(noRoom, 0, 9), TQANSI_memset(NULL, 0, 0), TQANSI_strcmp(NULL, NULL),
-        TQANSI_strncmp(NULL, text, 3), TQANSI_strnicmp(NULL, NULL, 3), customStricmp(text, text, NULL),
+        TQANSI_strncmp(NULL, NULL, 3), TQANSI_strnicmp(NULL, NULL, 3), customStricmp(text, text, NULL),
         TQANSI_memcmp(NULL, NULL, 0), TQANSI_strchr(NULL, 'a'), TQANSI_strrchr(NULL, 'a'), TQANSI_memchr(NULL, 'a', 3),
-        TQANSI_memchr(null, 'a', 3), TQANSI_strpbrk(NULL, NULL), TQANSI_strpbrk(null, text), TQANSI_strstr(text, NULL),
-        TQ_stristr(NULL, text), TQ_isAttribute(1, NULL, 'a'), TQ_isAttribute(1, noTable, 'a'),
+        TQANSI_memchr(null, 'a', 3), TQANSI_strpbrk(NULL, NULL), TQANSI_strpbrk(null, text), TQANSI_strstr(NULL, NULL),
+        TQ_stristr(NULL, NULL), TQ_isAttribute(1, NULL, 'a'), TQ_isAttribute(1, noTable, 'a'),
         TQANSI_itoa(1, noRoom, 9, 10), TQANSI_itoa(1, NULL, 0, 10), TQ_sprintf(noRoom, 9, text, NULL),
         TQ_sprintf(NULL, 0, text, NULL), TQ_sprintf(eight, sizeof eight, NULL, NULL), TQ_sscanf(NULL, NULL, NULL),
         TQ_strtoklen(NULL, NULL, NULL), TQ_strtoken(NULL, NULL, NULL), utf8ReadChar(text, NULL, NULL),
@@ -128,7 +128,7 @@ void legitimate(const char *text, char *room, const char *null, char *noRoom, co
         X_TAMBRO_gets(four, sizeof four - 1, text), X_TAMBRO_gets(four, sizeof four, "abc"),
         X_TAMBRO_gets(four, count, text), unicodeToUtf8(codePoint, seven), unicodeToUtf8(0x7FFFFFFF, seven),
         unicodeToUtf8(0xFFFF, four), unicodeToUtf8('a', two), unicodeToUtf8(0x80000000, two),
-        utf8ReadChar(text, &number, five), utf8ReadChar("\xE2\x82\xAC", &number, four), utf8ReadChar("a", &number, two),
-        string_operator_add(five, text, 1), string_operator_add(five, "abcd", 1),
-        string_operator_add(room, "abcdefgh", 1));
+        utf8ReadChar(text, &number, five), utf8ReadChar("\xE2\x82\xAC", &number, four),
+        utf8ReadChar("\xC3\xA9", &number, three), utf8ReadChar("a", &number, two), string_operator_add(five, text, 1),
+        string_operator_add(five, "abcd", 1), string_operator_add(room, "abcdefgh", 1));
 }
