@@ -9,13 +9,8 @@ rm -rf "$scratch"
 mkdir -p "$scratch"
 exec 3>&1 >"$scratch/log"
 
-installed=no
-cleanUp() {
-    local status=$?
-    [[ $installed == no ]] || dpkg -P libstrlib-dev
-    ((status == 0)) || cat "$scratch/log" >&3
-}
-trap cleanUp EXIT
+installed=
+trap 'status=$?; ${installed:+dpkg -P libstrlib-dev}; ((status == 0)) || cat "$scratch/log" >&3' EXIT
 
 buildLibrary() {
     configure "$@"
@@ -166,7 +161,7 @@ deb)
     consumeByPkgConfig ""
     same "place of the manual page" /usr/share/man/man3/TQ_sprintf.3 "$(man -w 3 TQ_sprintf)"
     dpkg -P libstrlib-dev
-    installed=no
+    installed=
     while read -r file; do [[ ! -e /usr/$file ]] || fail "/usr/$file is still there"; done < <(
         expectedFiles "lib/$(c++ -print-multiarch)" && expectedManPages)
     [[ ! -e /usr/share/doc/strlib ]] || fail "/usr/share/doc/strlib is still there"
