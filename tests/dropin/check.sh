@@ -4,27 +4,14 @@
 #   imports    the one file compiles without a word, and with its flags imports memset only
 #   suite      the suite, whose objects are named, passes with it, with flags and without
 #   boards     the program of examples/baremetal passes with it
-set -euo pipefail
-export LC_ALL=C
-
 case=$1 scratch=$2/$1
-root=$(cd "$(dirname "$0")/../.." && pwd)
+. "$(dirname "$0")/../checks.sh"
 rm -rf "$scratch"
 mkdir -p "$scratch"
 "$root/script/amalgamate" "$scratch"
 cd "$scratch"
 
-fail() {
-    echo "$case: $*" >&2
-    exit 1
-}
-
-same() {
-    diff <(echo "$2") <(echo "$3") >&2 || fail "$1"
-}
-
 routines=$(sed -nE 's/^[a-z][a-z0-9_ ]*[ *]([A-Za-z0-9_]+)\(.*/\1/p' strlib.h | sort)
-[[ $(wc -l <<<"$routines") == 38 ]] || fail "the header declares 38 routines, found: $routines"
 
 # The flags that the first lines of the file give for a compiler.
 flagsFor() { sed -nE "/^\/\/ {5}$1/,/^\/\/ [^ ]/s/^\/\/ {5}($1 )?//p" strlib.cpp | paste -sd ' '; }
@@ -60,7 +47,6 @@ auditAll() {
 
 # The sources that commands compile, each with the flags that bear on its code.
 sourcesAndFlags() {
-    local command
     while read -r command; do
         tr ' ' '\n' <<<"${command//gnu++/c++}" | grep -E '^-(std=|f|m|O|D|Wno-)|\.cpp$' | sed 's|.*/||' | sort | paste -sd ' '
     done | sort
@@ -72,9 +58,9 @@ makefile)
     ln -s "$root/strlib" strlib
     for compiler in g++ clang++; do
         # The choice at load time is CMake's alone.
-        cmake -S "$root" -B $compiler -DCMAKE_CXX_COMPILER=$compiler -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS=-O2 \
-            -DSTRLIB_BUILD_TESTS=OFF -DSTRLIB_BUILD_EXAMPLES=OFF -DSTRLIB_X86_64_CHOICE=OFF >log 2>&1 || fail "$(cat log)"
-        same "$compiler: sources and flags by CMakeLists.txt (<) and by docs/sources.md (>)" \
+        configure $compiler -DCMAKE_CXX_COMPILER=$compiler -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS=-O2 \
+            -DSTRLIB_X86_64_CHOICE=OFF >log 2>&1 || fail "$(cat log)"
+        same "$compiler: sources and flags by CMakeLists.txt and by docs/sources.md" \
             "$(sed -n 's/^ *"command": "\(.*\)",*$/\1/p' $compiler/compile_commands.json | sourcesAndFlags)" \
             "$(make -n CXX=$compiler | grep -e ' -c ' | sourcesAndFlags)"
         make -j2 CXX=$compiler >log 2>&1 || fail "$(cat log)"

@@ -1,13 +1,10 @@
 #!/usr/bin/env bash
 # What compilers make of <strlib.hpp>: nothing to say about the header alone; the lines of refusals.cpp that do not
 # compile, and why, against the lines that say so; and no more code than for the routines alone.
-set -euo pipefail
-export LC_ALL=C
-
 here=$(cd "$(dirname "$0")" && pwd)
-options=(-std=c++20 -I "$here/../../strlib/include" -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow
+. "$here/../checks.sh"
+options=(-std=c++20 -I "$root/strlib/include" -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow
     -Wold-style-cast -Wundef -Wcast-qual)
-mapfile -t clangs < <(compgen -c clang++ | grep -xE 'clang\+\+(-[0-9]+)?' | sort -u)
 
 # Line and reason of each refusal: the function in strlib::detail::refused that a constant expression came to, a format
 # that is no constant, or a destination that is none.
@@ -32,25 +29,21 @@ refusals() {
         { echo "refusals: $*" >&2 && return 1; }
 }
 
-# Every function of cost.cpp: its name without the form, its bytes through the face and by hand.
-costs() {
-    local object
-    object=$(mktemp)
-    g++ "${options[@]}" -O2 -c "$here/cost.cpp" -o "$object"
-    nm -S -t d "$object" | awk '$3 == "T" {form = substr($4, 1, 4); bytes[form, substr($4, 5)] = $2 + 0}
-        END {
-            for (key in bytes) {
-                split(key, part, SUBSEP)
-                if (part[1] == "face") print part[2], bytes[key], bytes["hand", part[2]]
-            }
-        }'
-    rm -f "$object"
-}
+# Each function of cost.cpp that takes more bytes through the face than by hand, and both numbers.
+object=$(mktemp)
+trap 'rm -f "$object"' EXIT
+g++ "${options[@]}" -O2 -c "$here/cost.cpp" -o "$object"
+dearer=$(nm -S -t d "$object" | awk '
+    $3 == "T" {bytes[$4] = $2 + 0}
+    /face/ {faces[substr($4, 5)]}
+    END {
+        for (name in faces)
+            if (bytes["face" name] > bytes["hand" name]) print name, bytes["face" name], bytes["hand" name]
+        if (length(faces) == 0) print "nothing was measured"
+    }')
+same "bytes through the face, and by hand, of what costs more" "" "$dearer"
 
-dearer=$(costs | awk '$2 > $3 || $3 == 0 {print} END {if (NR == 0) print "nothing was measured"}')
-[[ -z $dearer ]] || { echo "bytes through the face, and by hand: $dearer" >&2 && exit 1; }
-
-for compiler in g++ "${clangs[@]}"; do
+for compiler in g++ $(installed clang++); do
     "$compiler" "${options[@]}" -Werror -O2 -x c++ -c - -o /dev/null <<<'#include <strlib.hpp>'
     limit=-ferror-limit=0
     [[ $compiler == g++ ]] && limit=-fmax-errors=0

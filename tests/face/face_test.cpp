@@ -4,7 +4,8 @@
 #include <cstdio>
 #include <string>
 #include <strlib.hpp>
-#include <vector>
+
+int formatsTest();
 
 namespace {
 
@@ -17,18 +18,14 @@ void expect(bool holds, const char *what, int line) {
 }
 #define EXPECT(condition) expect(condition, #condition, __LINE__)
 
-// A destination with bytes around it that have to stay as they are.
+// A destination between bytes that have to stay as they are.
 struct Guarded {
-    char before[4] = {'#', '#', '#', '#'};
-    char room[8] = {'#', '#', '#', '#', '#', '#', '#', '#'};
-    char behind[4] = {'#', '#', '#', '#'};
-
-    bool isIntact() const { return std::string_view(before, 4) == "####" && std::string_view(behind, 4) == "####"; }
+    char before = '#', room[8] = "#######", behind = '#';
+    bool isIntact() const { return before == '#' && behind == '#'; }
 };
 
 void copies() {
-    Guarded fits, cut, exact, part;
-    EXPECT(strlib::copy(fits.room, "Lima") == "Lima" && fits.room[5] == '#');
+    Guarded cut, exact, part;
     EXPECT(strlib::copy(exact.room, "Caracas") == "Caracas" && exact.isIntact());
     EXPECT(strlib::copy(cut.room, "Montevideo") == "Montevi" && cut.isIntact());
     EXPECT(strlib::copy(part.room, std::string_view("Montevideo").substr(0, 5)) == "Monte" && part.room[6] == '#');
@@ -37,10 +34,8 @@ void copies() {
     EXPECT(strlib::copy(part.room, std::string_view("a\0b", 3)) == "a");
     EXPECT(strlib::copy(part.room, std::string_view()).empty());
     EXPECT(strlib::copy(part.room, static_cast<const char *>(nullptr)).empty() && part.room[0] == 'a');
-    EXPECT(strlib::copy(std::span<char>(), "Lima").empty());
-    EXPECT(strlib::copy(std::span(part.room).first(1), "Lima").empty() && part.room[0] == 0);
-    std::vector<char> vector(3);
-    EXPECT(strlib::copy(vector, "Lima") == "Li");
+    EXPECT(strlib::copy(std::span(cut.room).first(0), "Lima").empty() && cut.room[0] == 'M');
+    EXPECT(strlib::copy(std::span(cut.room).first(1), "Lima").empty() && cut.room[0] == 0);
 }
 
 void appends() {
@@ -50,8 +45,6 @@ void appends() {
     EXPECT(strlib::append(guarded.room, "osé") == "San Jos" && guarded.isIntact());
     EXPECT(strlib::append(guarded.room, "more") == "San Jos" && guarded.isIntact());
     EXPECT(strlib::append(guarded.room, nullptr) == "San Jos");
-    std::array<char, 3> array{};
-    EXPECT(strlib::append(array, "abc") == "ab");
 }
 
 void numbers() {
@@ -59,11 +52,8 @@ void numbers() {
     EXPECT(strlib::toText(guarded.room, -123456) == "-123456" && guarded.isIntact());
     EXPECT(!strlib::toText(guarded.room, -1234567) && guarded.isIntact());
     EXPECT(strlib::toText(guarded.room, 255, 16) == "FF");
-    EXPECT(!strlib::toText(std::span<char>(), 1));
-    EXPECT(strlib::add(guarded.room, "abc", 1) == "abd");
     EXPECT(strlib::add(guarded.room, "abcdefg", 1) == "abcdefh" && guarded.isIntact());
     EXPECT(!strlib::add(guarded.room, "abcdefgh", 1) && guarded.isIntact());
-    EXPECT(strlib::add(guarded.room, guarded.room, 256) == "abcdegh");
 }
 
 void formats() {
@@ -73,10 +63,8 @@ void formats() {
     EXPECT(strlib::format(line, "%d %d", std::int16_t{-5}, std::uint8_t{200}) == "-5 200");
     EXPECT(strlib::format(line, "%c%c", '\0', 'a') == std::string_view("\0a", 2));
     EXPECT(strlib::format(line, "%s|", nullptr) == "|");
-    EXPECT(strlib::format(line, "") == "");
     Guarded guarded;
     EXPECT(strlib::format(guarded.room, "%s|", "12345678") == "|" && guarded.isIntact());
-    EXPECT(strlib::format(std::span<char>(guarded.room), "%d|abcdefgh", 1) == "|abcdef" && guarded.isIntact());
     EXPECT(strlib::format(std::span<char>(), "abc").empty());
     EXPECT(strlib::format(std::span<char>(line, std::size_t{0}), "abc").empty());
 }
@@ -88,16 +76,10 @@ void scans() {
     std::int16_t half = 0;
     std::uint8_t byte = 0;
     char letter = 0;
-    EXPECT(strlib::scan("Lima;PER;-7x", "%8[^;];%4s;%i%c", name, country, number, letter) == 4);
     EXPECT(strlib::scan("Lima;PER -7x", "%8[^;];%4s %i%c%n", name, country, number, letter, count) == 4);
     EXPECT(std::string_view(name) == "Lima" && std::string_view(country.data()) == "PER");
     EXPECT(number == -7 && letter == 'x' && count == 12);
     EXPECT(strlib::scan("70000,258", "%hi,%bu", half, byte) == 2 && half == 4464 && byte == 2);
-    EXPECT(strlib::scan("70000,70001", "%hi,%i", half, half) == 2 && half == 4465);
-    EXPECT(strlib::scan("Montevideo", "%8s", name) == 1 && std::string_view(name) == "Montevi");
-    EXPECT(strlib::scan("x", "%i", number) == 0);
-    EXPECT(strlib::scan("x", "y%i", number) == -1);
-    EXPECT(strlib::scan(nullptr, "%i", number) == -1);
     EXPECT(strlib::scan("x", "x") == -1);
 }
 
@@ -118,21 +100,17 @@ void pieces() {
         return strlib::nextLine(line, rest);
     };
     EXPECT(collected("a\r\n\nbc", lines) == "<a><><bc>");
-    EXPECT(collected("a\n", lines) == "<a>");
-    EXPECT(collected("abcd\nabc\nd", lines) == "<abc><d><abc><><d>");
-    EXPECT(collected("", lines).empty());
+    EXPECT(collected("abcd\nabc\nd\n", lines) == "<abc><d><abc><><d>");
 
     const char *rest = "\xC3\xA9\x80z";
     EXPECT(strlib::nextCharacter(rest) == "\xC3\xA9");
     EXPECT(!strlib::nextCharacter(rest) && *rest == 'z');
-    EXPECT(strlib::nextCharacter(rest) == "z");
-    EXPECT(strlib::nextCharacter(rest) == "" && *rest == 0);
+    EXPECT(strlib::nextCharacter(++rest) == "" && *rest == 0);
 
     rest = "\xE2\x82\xAC\xFFz";
     EXPECT(strlib::nextCodePoint(rest) == U'\u20AC');
     EXPECT(!strlib::nextCodePoint(rest) && *rest == 'z');
-    EXPECT(strlib::nextCodePoint(rest) == U'z');
-    EXPECT(strlib::nextCodePoint(rest) == U'\0' && *rest == 0);
+    EXPECT(strlib::nextCodePoint(++rest) == U'\0' && *rest == 0);
 
     Guarded guarded;
     EXPECT(strlib::encode(guarded.room, U'\u20AC') == "\xE2\x82\xAC" && guarded.room[4] == '#');
@@ -149,7 +127,7 @@ void positions() {
 
 }  // namespace
 
-int faceTest() {
+int main() {
     copies();
     appends();
     numbers();
@@ -157,5 +135,5 @@ int faceTest() {
     scans();
     pieces();
     positions();
-    return failures;
+    return failures + formatsTest() != 0;
 }

@@ -1,6 +1,7 @@
 // <strlib.hpp> states the dialects of the formats a second time, for the compiler. Here the same code goes through
-// every short format, and what it foretells (the conversions, their order, their sizes and widths, the room of the
-// output) is compared with what TQ_sprintf() and TQ_sscanf() do with slots made for it.
+// every short format. What it foretells (the conversions, their order, their sizes and widths) is written down as a
+// plainer format, and TQ_sprintf() and TQ_sscanf() have to take both for the same; the room foretold has to be just
+// enough for the output.
 #include <cstdio>
 #include <regex>
 #include <string>
@@ -13,223 +14,123 @@ namespace {
 
 using strlib::detail::Format;
 using strlib::detail::Step;
-using strlib::detail::unbounded;
+
+using Steps = std::vector<Step>;
+using Slots = std::vector<intptr_t>;
 
 int failures;
 std::string current;
 
-bool expect(bool holds, const char *what) {
-    if (holds) return true;
-    if (++failures <= 20) std::printf("wrong: %s, format '%s'\n", what, current.c_str());
-    return false;
+void expect(bool holds, const char *what) {
+    if (!holds && ++failures <= 20) std::printf("wrong: %s, format '%s'\n", what, current.c_str());
 }
 
-std::vector<Step> stepsOf(Format format) {
-    std::vector<Step> steps;
+// The steps of the current format. Longer ones say no more about what is clean, and take long to match.
+Steps stepsOf(Format::Dialect dialect, const std::regex &clean) {
+    Format format(dialect, current.c_str());
+    Steps steps;
     for (Step step = format.next(); step.letter != 0; step = format.next()) steps.push_back(step);
+    if (current.size() <= 4) expect(format.isClean() == std::regex_match(current, clean), "clean format");
     return steps;
 }
 
-bool isClean(Format format) {
-    while (format.next().letter != 0) {
+std::string plainFormat(const Steps &steps) {
+    constexpr std::string_view escaped = "\n\t\r\\%", letters = "ntr\\%";
+    std::string format;
+    for (const Step &step : steps) {
+        const size_t at = escaped.find(step.byte);
+        if (step.letter == '%') {
+            format += at == escaped.npos ? std::string(1, step.byte) : std::string("\\") + letters[at];
+            continue;
+        }
+        format += '%';
+        if (step.width != strlib::detail::unbounded) format += std::to_string(step.width);
+        if (step.letter == 'i' || step.letter == 'u') format += step.size;
+        format += step.letter;
+        if (step.letter == '[') format += {'^', step.byte, ']'};
     }
-    return format.isClean();
+    return format;
 }
 
 // The vector ends at a page that no one may touch: a slot that was not foretold faults.
-const intptr_t *placed(const std::vector<intptr_t> &slots) {
+const intptr_t *placed(const Slots &slots) {
     const std::string_view bytes(reinterpret_cast<const char *>(slots.data()), slots.size() * sizeof slots[0]);
     return reinterpret_cast<const intptr_t *>(tests::region(0).place(bytes, {tests::Placement::atEnd, 0}));
 }
 
-// What came out, and whether that was all that the routine stored.
-std::string output(const std::vector<intptr_t> &slots, size_t size) {
-    const char *const room = tests::region(1).room(size, {tests::Placement::atEnd, 0});
-    const int32_t stored =
-        TQ_sprintf(const_cast<char *>(room), static_cast<uint32_t>(size), current.c_str(), placed(slots));
+std::string output(const std::string &format, const Slots &slots, size_t size) {
+    char *const room = tests::region(1).room(size, {tests::Placement::atEnd, 0});
+    const int32_t stored = TQ_sprintf(room, static_cast<uint32_t>(size), format.c_str(), placed(slots));
     return {room, static_cast<size_t>(stored)};
 }
 
-// The longest number that a bound leaves room for.
-int32_t longestNumber(size_t bound) { return std::stoi(std::string("1234567890").substr(0, bound - 1)); }
-
 void checkOutput() {
-    const std::vector<Step> steps = stepsOf({Format::output, current.c_str()});
-    std::vector<intptr_t> slots;
-    std::string expected;
-    size_t size = 1;
-    size_t numbers = 0;
-    for (const Step &step : steps) {
-        const size_t room = strlib::detail::roomFor(step);
-        size += room;
-        if (step.letter == '%') {
-            expected += step.byte;
-        } else if (step.letter == 'c') {
-            slots.push_back(0x100 + 'C');
-            expected += 'C';
-        } else if (step.letter == 's') {
-            slots.push_back(reinterpret_cast<intptr_t>("text"));
-            expected += "text";
-            size += 4;
-        } else {
-            slots.push_back(room < 2 ? 5 : longestNumber(room));
-            if (room >= 2) expected += std::to_string(slots.back());
-            ++numbers;
-        }
-    }
-    expected += '\0';
-    expect(output(slots, size) == expected, "output with the room foretold");
-    const bool numberIsLast = numbers == 1 && steps.back().letter == 'd' && strlib::detail::roomFor(steps.back()) >= 2;
-    if (expected.size() > 1 && (numbers == 0 || numberIsLast))
-        expect(output(slots, size - 1) != expected, "output with a byte less");
-
     static const std::regex clean(R"(([^%\\]|\\(.|$)|%%|%[0-9]*[dsc])*)");
-    if (current.size() <= 4)
-        expect(isClean({Format::output, current.c_str()}) == std::regex_match(current, clean), "clean output format");
+    const Steps steps = stepsOf(Format::output, clean);
+    Slots slots;
+    size_t size = 1, numbers = 0, room = 0;
+    for (const Step &step : steps) {
+        room = strlib::detail::roomFor(step);
+        size += room;
+        if (step.letter == 'c') slots.push_back(0x100 + 'C');
+        if (step.letter == 's') slots.push_back(reinterpret_cast<intptr_t>("text")), size += 4;
+        if (step.letter != 'd') continue;
+        // The longest that is written.
+        slots.push_back(room < 2 ? 5 : std::stoi(std::string("1234567890").substr(0, room - 1)));
+        ++numbers;
+    }
+    const std::string expected = output(plainFormat(steps), slots, size + 99);
+    expect(output(current, slots, size) == expected, "output with the room foretold");
+    const bool numberIsLast = numbers == 1 && steps.back().letter == 'd' && room >= 2;
+    if (expected.size() > 1 && (numbers == 0 || numberIsLast))
+        expect(output(current, slots, size - 1) != expected, "output with a byte less");
 }
 
-// An input on which a format gets as far as it can, and what its slots receive.
-class Input {
-public:
-    struct Slot {
-        size_t size;
-        std::string stored;
-    };
-
-    explicit Input(const std::vector<Step> &steps) {
-        for (const Step &step : steps) {
-            const bool goesOn = step.letter == '%' ? literal(step.byte) : conversion(step);
-            opening_ = opening_ && step.letter == '%' && isLineByte(step.byte);
-            if (!goesOn) break;
-            ++done_;
-        }
-    }
-
-    const std::string &text() const { return text_; }
-    const std::vector<Slot> &slots() const { return slots_; }
-    int32_t result() const { return result_; }
-    size_t done() const { return done_; }
-
-private:
-    static bool isLineByte(char byte) { return byte == '\n' || byte == '\t' || byte == '\r'; }
-
-    // Whether a field before it leaves the byte to what comes next. A blank skip takes blanks, also at the start.
-    bool put(char byte) {
-        const bool taken = open_ == 's'   ? byte != ' ' && !isLineByte(byte)
-                           : open_ == 'i' ? byte >= '0' && byte <= '9'
-                           : open_ == ' ' ? isLineByte(byte)
-                           : open_ == '[' ? byte != excluded_
-                                          : false;
-        if (taken) return false;
-        text_ += byte;
-        open_ = 0;
-        return true;
-    }
-
-    bool literal(char byte) {
-        if (opening_ && isLineByte(byte)) {
-            text_ += byte;
-            return true;
-        }
-        if (byte != ' ') return put(byte);
-        // The blank that the skip then passes over, unless something before it takes blanks.
-        if (open_ != ' ' && open_ != '[') put(' ');
-        if (open_ != '[') open_ = ' ';
-        return true;
-    }
-
-    bool conversion(const Step &step) {
-        if (result_ < 0) result_ = 0;
+// An input on which the steps get far, or one with fields that only their widths bound.
+std::string inputFor(const Steps &steps, bool isLong) {
+    std::string text = " ";  // an empty input would end the call at once
+    for (const Step &step : steps) {
         switch (step.letter) {
-            case 'n': slots_.push_back({4, bytesOf(text_.size(), 4)}); return true;
+            case '%': text += step.byte; break;
+            case 'n': break;
             case 'i':
-            case 'u': return number(step.size == 'b' ? 1 : step.size == 'h' ? 2 : 4);
-            case 'c': return byte();
-            default: return field(step);
+            case 'u': text += "-7"; break;
+            case 'c': text += 'Q'; break;
+            default: text.append(isLong ? 60 : std::min(step.width - 1, 3U), 'Q');
         }
     }
+    return text;
+}
 
-    bool number(size_t size) {
-        const bool put7 = put('-');
-        if (put7) text_ += '7', open_ = 'i', ++result_;
-        slots_.push_back({size, bytesOf(static_cast<uint64_t>(put7 ? -7 : 0), size)});
-        return put7;
-    }
-
-    bool byte() {
-        const bool putQ = put('Q');
-        result_ += putQ;
-        slots_.push_back({1, putQ ? "Q" : ""});
-        return putQ;
-    }
-
-    // A wide field is tried with a short word, which only its end bounds.
-    bool field(const Step &step) {
-        const bool isShort = step.width < 60;
-        const size_t length = isShort ? step.width - 1 : 3;
-        if (step.width < 2 || !put('Q')) {
-            slots_.push_back({1, std::string(step.width != 0, '\0')});
-            return false;
-        }
-        const std::string content(length, 'Q');
-        text_ += content.substr(1);
-        slots_.push_back({length + 1, content + '\0'});
-        if (!isShort) open_ = step.letter, excluded_ = step.byte;
-        ++result_;
-        return true;
-    }
-
-    static std::string bytesOf(uint64_t value, size_t size) {
-        const uint8_t byte = static_cast<uint8_t>(value);
-        const uint16_t half = static_cast<uint16_t>(value);
-        const uint32_t word = static_cast<uint32_t>(value);
-        const void *const from = size == 1   ? static_cast<const void *>(&byte)
-                                 : size == 2 ? &half
-                                             : static_cast<const void *>(&word);
-        return {static_cast<const char *>(from), size};
-    }
-
-    std::string text_ = " ";  // an empty input would end the call at once
-    std::vector<Slot> slots_;
-    int32_t result_ = -1;
-    size_t done_ = 0;
-    bool opening_ = true;
-    char open_ = ' ';  // what takes the next bytes: a blank skip, an unbounded field, a number
-    char excluded_ = 0;
-};
+// The result, and what the destinations hold then, all bytes around them included.
+std::pair<int32_t, std::string> scanned(const std::string &format, const std::string &input, size_t conversions) {
+    constexpr size_t distance = 256;
+    static char memory[16 * distance];
+    std::memset(memory, tests::Region::filler, (conversions + 1) * distance);
+    Slots slots;
+    for (size_t i = 0; i < conversions; ++i) slots.push_back(reinterpret_cast<intptr_t>(memory + i * distance + 8));
+    const int32_t result = TQ_sscanf(input.c_str(), format.c_str(), placed(slots));
+    return {result, std::string(memory, (conversions + 1) * distance)};
+}
 
 size_t severalConversions, carriedOut;
 
 void checkInput() {
-    const std::vector<Step> steps = stepsOf({Format::input, current.c_str()});
-    const Input input(steps);
-
-    // Each slot's destination, with eight bytes or more between them that have to stay as they are.
-    std::string memory, expected;
-    std::vector<size_t> places;
-    for (const Input::Slot &slot : input.slots()) {
-        places.push_back(expected.size() + 8);
-        expected.append(8, tests::Region::filler);
-        expected += slot.stored;
-        expected.append((slot.size + 7) / 8 * 8 - slot.stored.size() + 8, tests::Region::filler);
-    }
-    static char destinations[4096];
-    std::memset(destinations, tests::Region::filler, expected.size());
-    std::vector<intptr_t> slots;
-    for (const size_t place : places) slots.push_back(reinterpret_cast<intptr_t>(destinations + place));
-
-    const int32_t result = TQ_sscanf(input.text().c_str(), current.c_str(), placed(slots));
-    const bool empty = current.empty();
-    expect(result == (empty ? -1 : input.result()), "number of fields");
-    expect(std::string_view(destinations, expected.size()) == expected, "what the slots receive");
-    if (slots.size() > 1) {
-        ++severalConversions;
-        carriedOut += input.done() == steps.size();
-    }
-
     static const std::regex clean(R"(([^%\\]|\\(.|$)|%%|%[0-9]*([csn]|[hbl]?[iu]|\[\^[^]\]))*)");
-    if (current.size() <= 4)
-        expect(isClean({Format::input, current.c_str()}) == std::regex_match(current, clean), "clean input format");
+    const Steps steps = stepsOf(Format::input, clean);
+    size_t conversions = 0, counted = 0;
+    for (const Step &step : steps) {
+        conversions += step.letter != '%';
+        counted += step.letter != '%' && step.letter != 'n';
+    }
+    for (const bool isLong : {false, true}) {
+        const std::string input = inputFor(steps, isLong);
+        const auto expected = scanned(plainFormat(steps), input, conversions);
+        expect(scanned(current, input, conversions) == expected, "fields");
+        if (isLong || conversions < 2) continue;
+        ++severalConversions;
+        carriedOut += expected.first == static_cast<int32_t>(counted);
+    }
 }
 
 // Every text of up to so many bytes, with something before and behind it.

@@ -1,10 +1,9 @@
-"""Reads the manual in a headless browser: browse.py HTML [SCREENSHOTS]
+"""Reads the manual in a headless browser: browse.py HTML
 
 Every page loads without an error, shows a title and text, and fits the width of a telephone and of a desktop, in light
-and dark; every link to another page leads to one; the search finds a routine. With a folder for screenshots, leaves one of each page there.
+and dark; every link to another page leads to one; the search finds a routine.
 """
 
-import base64
 import json
 import re
 import subprocess
@@ -35,6 +34,10 @@ return [...document.querySelectorAll('.contents *')]
     .filter(element => element.checkVisibility() && element.getBoundingClientRect().right > innerWidth + 1)
     .slice(0, 3).map(element => element.tagName + '.' + element.className + ' ' + element.textContent.slice(0, 40));
 """
+FOUND = """
+return [...document.querySelectorAll('.SRResult')].filter(result => result.checkVisibility())
+    .map(result => result.innerText);
+"""
 BACKGROUND = "return getComputedStyle(document.body).backgroundColor;"
 
 
@@ -53,7 +56,7 @@ class Browser:
             return json.load(answer)["value"]
 
     def command(self, name, **parameters):
-        return self.post("/goog/cdp/execute", {"cmd": name, "params": parameters})
+        self.post("/goog/cdp/execute", {"cmd": name, "params": parameters})
 
     def run(self, script):
         return self.post("/execute/sync", {"script": script, "args": []})
@@ -61,20 +64,14 @@ class Browser:
     def find(self, selector):
         return self.post("/element", {"using": "css selector", "value": selector})
 
-    def type(self, selector, text):
-        self.post(f"/element/{next(iter(self.find(selector).values()))}/value", {"text": text})
-
-    def enter(self, frame):
-        self.post("/frame", {"id": self.find(frame)})
-
-    def open(self, address):
-        self.post("/url", {"url": address})
+    def open(self, page):
+        self.post("/url", {"url": page.as_uri()})
 
     def complaints(self):
         return [entry["message"] for entry in self.post("/se/log", {"type": "browser"})]
 
-    def emulate(self, width, scheme, height=800):
-        self.command("Emulation.setDeviceMetricsOverride", width=width, height=height, deviceScaleFactor=1,
+    def emulate(self, width, scheme):
+        self.command("Emulation.setDeviceMetricsOverride", width=width, height=800, deviceScaleFactor=1,
                      mobile=width == TELEPHONE)
         self.command("Emulation.setEmulatedMedia", features=[{"name": "prefers-color-scheme", "value": scheme}])
 
@@ -85,7 +82,7 @@ class Browser:
 
 
 def page_faults(browser, page):
-    browser.open(page.as_uri())
+    browser.open(page)
     faults = browser.complaints()
     if not browser.run("return document.title && document.querySelector('.contents')?.innerText.trim()"):
         faults.append("no title or no text")
@@ -98,57 +95,39 @@ def page_faults(browser, page):
 
 
 def search_faults(browser, html):
-    browser.open((html / "index.html").as_uri())
-    browser.type("#MSearchField", ROUTINE)
-    browser.enter("#MSearchResults")
-    found = []
+    browser.open(html / "index.html")
+    field = next(iter(browser.find("#MSearchField").values()))
+    browser.post(f"/element/{field}/value", {"text": ROUTINE})
+    browser.post("/frame", {"id": browser.find("#MSearchResults")})
     for _ in range(50):
-        found = browser.run("""return [...document.querySelectorAll('.SRResult')]
-            .filter(result => result.checkVisibility()).map(result => result.innerText);""")
-        if found:
-            break
+        if any(ROUTINE in text for text in browser.run(FOUND)):
+            return browser.complaints()
         time.sleep(0.1)
-    return browser.complaints() + ([] if any(ROUTINE in text for text in found) else [f"does not find {ROUTINE}: {found}"])
+    return [*browser.complaints(), f"does not find {ROUTINE}"]
 
 
-def screenshot(browser, reader, target):
-    height = browser.run("return document.getElementById('doc-content').scrollHeight + 130")
-    browser.emulate(*reader, height=max(800, min(height, 4000)))
-    target.write_bytes(base64.b64decode(browser.command("Page.captureScreenshot")["data"]))
-    browser.emulate(*reader)
-
-
-def faults_for(browser, reader, pages, screenshots):
-    faults = []
-    browser.emulate(*reader)
-    for page in pages:
-        faults += [f"{page.name}, {reader}: {fault}" for fault in page_faults(browser, page)]
-        if screenshots:
-            screenshot(browser, reader, screenshots / f"{page.stem}-{reader[1]}-{reader[0]}.png")
-    return faults
-
-
-def all_faults(browser, html, pages, screenshots):
-    faults = []
-    backgrounds = {}
-    for reader in READERS:
-        faults += faults_for(browser, reader, pages, screenshots)
-        backgrounds[reader[1]] = browser.run(BACKGROUND)
+def all_faults(browser, html, pages):
+    faults, backgrounds = [], {}
+    for width, scheme in READERS:
+        browser.emulate(width, scheme)
+        for page in pages:
+            faults += [f"{page.name}, {width} {scheme}: {fault}" for fault in page_faults(browser, page)]
+        backgrounds[scheme] = browser.run(BACKGROUND)
     if backgrounds["light"] == backgrounds["dark"]:
         faults.append(f"light and dark look alike: {backgrounds}")
     return faults + search_faults(browser, html)
 
 
-def main(html, screenshots=None):
+def main(html):
     pages = sorted(html.glob("*.html"))
     with tempfile.TemporaryDirectory() as profile:
         browser = Browser(profile)
         try:
-            faults = all_faults(browser, html, pages, screenshots) if pages else ["no pages"]
+            faults = all_faults(browser, html, pages) if pages else ["no pages"]
         finally:
             browser.close()
     print(*faults, f"{len(pages)} pages, {len(faults)} faults", sep="\n")
     return 1 if faults else 0
 
 
-sys.exit(main(*(Path(argument).resolve() for argument in sys.argv[1:])))
+sys.exit(main(Path(sys.argv[1]).resolve()))

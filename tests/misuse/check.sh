@@ -1,13 +1,10 @@
 #!/usr/bin/env bash
 # What compilers say about the public header and its use, and its version: check.sh header|calls|imports|version.
-set -euo pipefail
-export LC_ALL=C
-
-here=$(cd "$(dirname "$0")" && pwd)
-include=$here/../../strlib/include
+here=$(cd "$(dirname "$0")" && pwd) case=${1-}
+. "$here/../checks.sh"
+include=$root/strlib/include
 strict=(-Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wundef -Wcast-qual -Wmissing-declarations)
-# The compiler that `clang` stands for, and every other that is installed.
-mapfile -t clangs < <(compgen -c clang | grep -xE 'clang(-[0-9]+)?' | sort -u)
+mapfile -t clangs < <(installed clang)
 
 # inEveryLanguage COMMAND...: runs it with a compiler and its options appended.
 inEveryLanguage() {
@@ -24,7 +21,7 @@ inEveryLanguage() {
 
 # The header alone, without a word from any compiler in any language that it claims.
 header() {
-    "$@" -Werror -I "$include" -c - -o /dev/null <<<'#include <strlib.h>' || { echo "header: $*" >&2 && return 1; }
+    "$@" -Werror -I "$include" -c - -o /dev/null <<<'#include <strlib.h>' || fail "$*"
 }
 
 # Line and kind of each warning. One about an inline form in the header counts where that form was called.
@@ -40,14 +37,14 @@ kinds() {
 # The lines of calls.c that draw a warning, against the lines that say so. With little optimisation GCC may miss some.
 calls() {
     local drawn said
-    drawn=$("$@" -I "$include" -c "$here/calls.c" -o /dev/null 2>&1) || { echo "$drawn" >&2 && return 1; }
+    drawn=$("$@" -I "$include" -c "$here/calls.c" -o /dev/null 2>&1) || fail "$drawn"
     drawn=$(kinds <<<"$drawn")
     said=$(sed -En 's|.*;  */\* ([a-z]+) \*/$|\1|;T;=;p' "$here/calls.c" | paste -d ' ' - -)
     if [[ $1 == gcc && ${!#} == -O[0g] ]]; then
         ! grep -vxF "$said" <<<"$drawn"
     else
         diff <(echo "$said") <(echo "$drawn")
-    fi || { echo "calls: $*" >&2 && return 1; }
+    fi || fail "$*"
 }
 
 # What calls.c imports are the routines and its own functions: the warnings add no call of anything else, not even where
@@ -61,7 +58,7 @@ imports() {
             # shellcheck disable=SC2086
             gcc -x $language $options -w -I "$include" -c "$here/calls.c" -o "$object/calls.o"
             imported=$(nm -u "$object/calls.o" | awk '{print $2}' | c++filt | grep -vE "^($expected)" || true)
-            [[ -z $imported ]] || { echo "imports: $language $options: $imported" >&2 && return 1; }
+            same "$language $options" "" "$imported"
         done
     done
     rm -r "$object"
@@ -69,17 +66,16 @@ imports() {
 
 # The version in the header, in the build and at the top of the changelog are one.
 version() {
-    local root=$here/../.. stated built logged
+    local stated built
     stated=$(gcc -x c -E -P -I "$include" - <<<'#include <strlib.h>
 version STRLIB_VERSION_MAJOR.STRLIB_VERSION_MINOR.STRLIB_VERSION_PATCH' | sed -n 's/^version //p' | tr -d ' ')
     built=$(sed -nE 's/^project\(strlib VERSION ([0-9.]+) .*/\1/p' "$root/CMakeLists.txt")
-    logged=$(sed -nE 's/^## ([0-9.]+).*/\1/p' "$root/CHANGELOG.md" | head -1)
-    [[ -n $stated && $stated == "$built" && $stated == "$logged" ]] ||
-        { echo "version: strlib.h has '$stated', CMakeLists.txt '$built', CHANGELOG.md '$logged'" >&2 && return 1; }
+    same "in strlib.h and CMakeLists.txt" "$stated" "$built"
+    same "in strlib.h and CHANGELOG.md" "$stated" "$(sed -nE 's/^## ([0-9.]+).*/\1/p' "$root/CHANGELOG.md" | head -1)"
 }
 
-case ${1-} in
-header | calls) inEveryLanguage "$1" ;;
-imports | version) "$1" ;;
-*) echo "check.sh: name a check: header, calls, imports or version" >&2 && exit 2 ;;
+case $case in
+header | calls) inEveryLanguage $case ;;
+imports | version) $case ;;
+*) fail "name a check: header, calls, imports or version" ;;
 esac

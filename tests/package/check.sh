@@ -1,35 +1,19 @@
 #!/usr/bin/env bash
 # Uses the library as its users get it: check.sh CASE SCRATCH VERSION. The case `build` comes first.
-set -euo pipefail
-
 (($# == 3)) || { sed -n '2s/^# //p' "$0" >&2 && exit 2; }
 case=$1 shared=$2/build version=$3
 here=$(cd "$(dirname "$0")" && pwd)
-source=$(cd "$here/../.." && pwd)
+. "$here/../checks.sh"
 scratch=$2/$case
 rm -rf "$scratch"
 mkdir -p "$scratch"
 exec 3>&1 >"$scratch/log"
 
-installed=no
-cleanUp() {
-    local status=$?
-    [[ $installed == no ]] || dpkg -P libstrlib-dev
-    ((status == 0)) || cat "$scratch/log" >&3
-}
-trap cleanUp EXIT
-
-fail() {
-    echo "$case: $*" >&2
-    exit 1
-}
-
-same() {
-    [[ $2 == "$3" ]] || fail "$1: expected '$2', found '$3'"
-}
+installed=
+trap 'status=$?; ${installed:+dpkg -P libstrlib-dev}; ((status == 0)) || cat "$scratch/log" >&3' EXIT
 
 buildLibrary() {
-    cmake -S "$source" -B "$1" -G Ninja -DSTRLIB_BUILD_TESTS=OFF -DSTRLIB_BUILD_EXAMPLES=OFF "${@:2}"
+    configure "$@"
     cmake --build "$1" -j 2
 }
 
@@ -67,8 +51,8 @@ consumeByPkgConfig() {
 expectedFiles() {
     printf '%s\n' "$1/libstrlib.a" "$1/pkgconfig/strlib.pc" "$1/cmake/strlib/strlibConfig.cmake" \
         "$1/cmake/strlib/strlibConfig-release.cmake" "$1/cmake/strlib/strlibConfigVersion.cmake"
-    (cd "$source/strlib" && printf '%s\n' include/*)
-    (cd "$source" && shopt -s nullglob &&
+    (cd "$root/strlib" && printf '%s\n' include/*)
+    (cd "$root" && shopt -s nullglob &&
         printf 'share/doc/strlib/%s\n' *.md docs/*.md docs/*.svg examples/porting/*.c)
 }
 
@@ -97,9 +81,12 @@ linksLead() {
     done < <(grep -roE --include='*.md' '\]\([^):#]+' "$1" | sed 's/](//')
 }
 
-copySource() {
-    mkdir -p "$1"
-    tar -C "$source" --exclude=./build --exclude=./.git -cf - . | tar -C "$1" -xf -
+copySource() { mkdir -p "$1" && tar -C "$root" --exclude=./build --exclude=./.git -cf - . | tar -C "$1" -xf -; }
+
+# refuses REASON COMMAND...
+refuses() {
+    ! "${@:2}" 2>"$scratch/refusal" || fail "not refused: ${*:2}"
+    grep -q "$1" "$scratch/refusal" || fail "refused for another reason: $(<"$scratch/refusal")"
 }
 
 # block LANGUAGE PATTERN: the block of README's in that language of which a line matches.
@@ -107,7 +94,7 @@ block() {
     awk -v fence="\`\`\`$1" -v pattern="$2" '
         $0 == "```" && inside { if (text ~ pattern) printf "%s", text; inside = 0 }
         inside { text = text $0 "\n" }
-        $0 == fence { inside = 1; text = "" }' "$source/README.md" | grep . || fail "README has no $1 block with $2"
+        $0 == fence { inside = 1; text = "" }' "$root/README.md" | grep . || fail "README has no $1 block with $2"
 }
 
 # A directory of links to the programs named, to be the whole PATH. CMake looks into the system's own directories as
@@ -122,19 +109,13 @@ onlyThesePrograms() {
 }
 
 case $case in
-build)
-    buildLibrary "$shared" -DCMAKE_INSTALL_PREFIX=/usr
-    same "number of routines" 38 "$(expectedManPages | tail -n +2 | wc -l)"
-    ;;
+build) buildLibrary "$shared" -DCMAKE_INSTALL_PREFIX=/usr ;;
 install)
     cmake --install "$shared" --prefix "$scratch/prefix"
     sameFiles "$scratch/prefix"
     consume -DCMAKE_PREFIX_PATH="$scratch/prefix"
-    if cmake -S "$here/consumer" -B "$scratch/refused" -DSTRLIB_VERSION=99 -DCMAKE_PREFIX_PATH="$scratch/prefix" \
-        2>"$scratch/refusal"; then
-        fail "a consumer of version 99 was served"
-    fi
-    grep -q 'requested version "99"' "$scratch/refusal" || fail "version 99 was refused for another reason"
+    refuses 'requested version "99"' cmake -S "$here/consumer" -B "$scratch/refused" -DSTRLIB_VERSION=99 \
+        -DCMAKE_PREFIX_PATH="$scratch/prefix"
     ;;
 moved)
     cmake --install "$shared" --prefix "$scratch/before"
@@ -143,8 +124,8 @@ moved)
     consumeByPkgConfig "$scratch/after/lib/$(c++ -print-multiarch)/pkgconfig"
     ;;
 subdirectory)
-    [[ -f $source/strlib/core/bytes.h ]] || fail "the header that the consumer must not find has another name now"
-    consume -DSTRLIB_SOURCE="$source"
+    [[ -f $root/strlib/core/bytes.h ]] || fail "the header that the consumer must not find has another name now"
+    consume -DSTRLIB_SOURCE="$root"
     cmake --install "$scratch/consumer" --prefix "$scratch/prefix"
     [[ ! -e $scratch/prefix ]] || fail "the consumer's own installation brings the library's files along"
     ;;
@@ -155,7 +136,7 @@ absolute)
     consume -DCMAKE_PREFIX_PATH="$scratch/prefix" -Dstrlib_DIR="$scratch/libraries/cmake/strlib"
     ;;
 armv7)
-    toolchain=$source/cmake/toolchains/armv7.cmake
+    toolchain=$root/cmake/toolchains/armv7.cmake
     buildLibrary "$scratch/build" --toolchain "$toolchain" -DCMAKE_INSTALL_PREFIX="$scratch/prefix"
     cmake --install "$scratch/build"
     consume --toolchain "$toolchain" -DCMAKE_PREFIX_PATH="$scratch/prefix"
@@ -165,9 +146,8 @@ armv7)
 deb)
     (cd "$shared" && cpack -B "$scratch")
     package=$scratch/libstrlib-dev_${version}_$(dpkg --print-architecture).deb
-    same "section" libdevel "$(dpkg-deb -f "$package" Section)"
-    same "architecture" "$(dpkg --print-architecture)" "$(dpkg-deb -f "$package" Architecture)"
-    same "maintainer" "strlib maintainers <strlib@localhost>" "$(dpkg-deb -f "$package" Maintainer)"
+    same "fields" "libdevel $(dpkg --print-architecture) strlib maintainers <strlib@localhost>" \
+        "$(dpkg-deb -W --showformat '${Section} ${Architecture} ${Maintainer}' "$package")"
     dpkg-deb -x "$package" "$scratch/root"
     sameFiles "$scratch/root/usr"
     same "files outside /usr" usr "$(ls "$scratch/root")"
@@ -181,7 +161,7 @@ deb)
     consumeByPkgConfig ""
     same "place of the manual page" /usr/share/man/man3/TQ_sprintf.3 "$(man -w 3 TQ_sprintf)"
     dpkg -P libstrlib-dev
-    installed=no
+    installed=
     while read -r file; do [[ ! -e /usr/$file ]] || fail "/usr/$file is still there"; done < <(
         expectedFiles "lib/$(c++ -print-multiarch)" && expectedManPages)
     [[ ! -e /usr/share/doc/strlib ]] || fail "/usr/share/doc/strlib is still there"
@@ -206,7 +186,7 @@ readme)
     same "files installed" "$(expectedFiles lib | sort)" "$(filesBelow "$scratch/strlib")"
     linksLead "$scratch/strlib/share/doc/strlib"
     export PKG_CONFIG_PATH=$scratch/strlib/lib/pkgconfig
-    (cd hello && sh -c "$(grep -oE 'cc hello.c [^`]+' "$source/README.md")")
+    (cd hello && sh -c "$(grep -oE 'cc hello.c [^`]+' "$root/README.md")")
     same "what hello prints, built with pkg-config" "$(tail -1 <<<"$said")" "$(hello/a.out)"
     block cpp strlib.hpp >hello/hello.cpp
     read -ra flags < <(pkg-config --cflags --libs strlib)
@@ -220,13 +200,13 @@ readme)
     # The commands may want a newer one than the build.
     named=$(sed -nE 's/.*CMake ([0-9.]+) or newer.*/\1/p' README.md)
     same "oldest CMake of README and CMakeLists.txt" "$minimum" "$(printf '%s\n' "$minimum" "$named" | sort -V | head -1)"
-    ! (cd build/use && cpack -G DEB 2>"$scratch/refusal") || fail "a package without the manual"
-    grep -q 'The package holds the manual' "$scratch/refusal" || fail "no package, but for another reason"
+    cd build/use
+    refuses 'The package holds the manual' cpack -G DEB
     ;;
 architecture)
     # ARCHITECTURE's tables name every source, private header and routine, each routine with the source that defines it.
-    tables=$(sed -nE 's/^\| `(strlib\/[^`]*)` \|(.*)/\1 \2/p' "$source/ARCHITECTURE.md")
-    same "files" "$(cd "$source" && printf '%s\n' strlib/*.cpp strlib/core/* strlib/machine/* | sort)" \
+    tables=$(sed -nE 's/^\| `(strlib\/[^`]*)` \|(.*)/\1 \2/p' "$root/ARCHITECTURE.md")
+    same "files" "$(cd "$root" && printf '%s\n' strlib/*.cpp strlib/core/* strlib/machine/* | sort)" \
         "$(cut -d' ' -f1 <<<"$tables" | sort)"
     same "routines by file" "$(nm -A -g --defined-only "$shared/libstrlib.a" |
         sed -nE 's/.*:([a-z0-9_]+)\.cpp\.o:.* [A-Za-z] ([A-Za-z0-9_]+)$/\1 \2/p' | sort)" \
@@ -235,31 +215,30 @@ architecture)
     ;;
 toolchains)
     # Each configures as README lists it; where nothing but the library can be built, that is what the defaults build.
-    for toolchain in "$source"/cmake/toolchains/*.cmake; do
+    for toolchain in "$root"/cmake/toolchains/*.cmake; do
         tree=$scratch/$(basename "$toolchain" .cmake)
-        if ! cmake -S "$source" -B "$tree" -DSTRLIB_BUILD_TESTS=OFF -DSTRLIB_BUILD_EXAMPLES=OFF \
+        if ! cmake -S "$root" -B "$tree" -DSTRLIB_BUILD_TESTS=OFF -DSTRLIB_BUILD_EXAMPLES=OFF \
             --toolchain "$toolchain" 2>"$tree.error"; then
             grep -q 'not found in the PATH' "$tree.error" || fail "$(<"$tree.error")"
             echo "$(basename "$toolchain"): no compiler here" >&3
         elif grep -q '^set(CMAKE_SYSTEM_NAME "Generic")' "$tree"/CMakeFiles/*/CMakeSystem.cmake; then
-            cmake -S "$source" -B "$tree.default" --toolchain "$toolchain"
+            cmake -S "$root" -B "$tree.default" --toolchain "$toolchain"
             cmake --build "$tree.default" -j 2
         fi
     done
     ;;
 refusals)
     copySource "$scratch/source"
-    if (cd "$scratch/source" && cmake . 2>"$scratch/refusal"); then fail "a build among the sources"; fi
-    command=$(sed -nE 's/.*Build elsewhere: (.*)/\1/p' "$scratch/refusal" | tr -s ' ')
-    (cd "$scratch/source" && bash -ec "$command -DSTRLIB_BUILD_TESTS=OFF")
-    same "what is left among the sources" "$(cd "$source" && ls -A | grep -vE '^(build|\.git)$')" \
-        "$(cd "$scratch/source" && ls -A | grep -v '^build$')"
-    cmake -S "$source" -B "$scratch/shared" -DSTRLIB_BUILD_TESTS=OFF -DBUILD_SHARED_LIBS=ON |
+    cd "$scratch/source"
+    refuses 'Build elsewhere' cmake .
+    bash -ec "$(sed -nE 's/.*Build elsewhere: (.*)/\1/p' "$scratch/refusal" | tr -s ' ') -DSTRLIB_BUILD_TESTS=OFF"
+    same "what is left among the sources" "$(ls -A "$root" | grep -vE '^(build|\.git)$')" "$(ls -A | grep -v '^build$')"
+    configure "$scratch/shared" -DBUILD_SHARED_LIBS=ON |
         grep 'static only' || fail "a shared library is neither built nor refused"
     ;;
 scripts)
     # Apart from the sources nothing can be built, so that a script that does more than to answer fails.
-    cp -r "$source/script" "$scratch/script"
+    cp -r "$root/script" "$scratch/script"
     for script in "$scratch"/script/*; do
         [[ $(basename "$script") != demo ]] || continue
         timeout 10 "$script" --help >"$scratch/help" || fail "$(basename "$script") --help"
@@ -270,13 +249,13 @@ scripts)
     for program in c++ cmake; do ln -s /bin/true "$scratch/bin/$program"; done
     for program in bash sed sort paste; do ln -s "$(command -v $program)" "$scratch/bin/$program"; done
     same "a system without Ninja" "bootstrap: missing, and no apt-get here to install it: ninja-build" \
-        "$(PATH=$scratch/bin bash "$source/script/bootstrap" demo 2>&1)"
+        "$(PATH=$scratch/bin bash "$root/script/bootstrap" demo 2>&1)"
     ln -s /bin/true "$scratch/bin/ninja"
-    same "a system that has all" "" "$(PATH=$scratch/bin bash "$source/script/bootstrap" demo 2>&1)"
+    same "a system that has all" "" "$(PATH=$scratch/bin bash "$root/script/bootstrap" demo 2>&1)"
     ;;
 compilers)
     # Those that README names, as far as they are here, with our warnings as errors.
-    named=$(sed -nE 's/^\| Compilers \|[^:]*: ([^.]*)\..*/\1/p' "$source/README.md" | sed -E 's/[, ]+(and )?/ /g')
+    named=$(sed -nE 's/^\| Compilers \|[^:]*: ([^.]*)\..*/\1/p' "$root/README.md" | sed -E 's/[, ]+(and )?/ /g')
     read -ra words <<<"$named"
     ((${#words[@]} > 0)) || fail "README names no compilers"
     for word in "${words[@]}"; do
@@ -289,10 +268,10 @@ compilers)
             continue
         fi
         prefix=$scratch/$cxx-$word
-        cmake -S "$source" -B "$prefix/build" -G Ninja -DCMAKE_CXX_COMPILER="$cxx-$word" -DSTRLIB_BUILD_TESTS=OFF \
+        cmake -S "$root" -B "$prefix/build" -G Ninja -DCMAKE_CXX_COMPILER="$cxx-$word" -DSTRLIB_BUILD_TESTS=OFF \
             -DSTRLIB_WERROR=ON -DCMAKE_DISABLE_FIND_PACKAGE_Doxygen=ON
         cmake --build "$prefix/build" -j 2
-        "$source/examples/check_gazetteer.sh" "$prefix/build/examples/gazetteer"
+        "$root/examples/check_gazetteer.sh" "$prefix/build/examples/gazetteer"
         cmake --install "$prefix/build" --prefix "$prefix"
         rm -rf "$scratch/consumer"
         consume -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_C_COMPILER="$c-$word" -DCMAKE_CXX_COMPILER="$cxx-$word"

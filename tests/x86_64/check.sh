@@ -4,23 +4,20 @@
 #   runs        native, under Valgrind, on emulated processors with and without AVX2
 #   size        a program of two routines does not get all of them
 #   elsewhere   without the choice, by its option, by flags, under sanitizers and with musl
-set -euo pipefail
-
 case=$1 scratch=$2/$1
 shift 2
 here=$(cd "$(dirname "$0")" && pwd)
-source=$(cd "$here/../.." && pwd)
+. "$here/../checks.sh"
 mkdir -p "$scratch"
 native=baseline
 ! grep -qw avx2 /proc/cpuinfo || native=avx2
 
-quietly() { "$@" >"$scratch/log" 2>&1 || { echo "failed: $*" && cat "$scratch/log" && exit 1; } >&2; }
+quietly() { "$@" >"$scratch/log" 2>&1 || fail "$*: $(<"$scratch/log")"; }
 
 # The library for a compiler: library COMPILER NAME FLAGS [CMAKE OPTION...]
 library() {
     local build=$scratch/$2-${1##*/}
-    quietly cmake -S "$source" -B "$build" -G Ninja -DCMAKE_CXX_COMPILER="$1" -DCMAKE_BUILD_TYPE=None \
-        -DCMAKE_CXX_FLAGS="-O2 $3" -DSTRLIB_BUILD_TESTS=OFF -DSTRLIB_BUILD_EXAMPLES=OFF "${@:4}"
+    quietly configure "$build" -DCMAKE_CXX_COMPILER="$1" -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS="-O2 $3" "${@:4}"
     quietly cmake --build "$build" -j2
     archive=$build/libstrlib.a
 }
@@ -28,15 +25,15 @@ library() {
 # expect FORM PROGRAM [COMMAND...]: what the program prints when it runs, by a command if there is one.
 expect() {
     local form
-    form=$("${@:3}" "$2") || { echo "$2 failed: $form" >&2 && exit 1; }
-    [[ $form == "$1" ]] || { echo "$2 ${*:3}: expected the form '$1', found '$form'" >&2 && exit 1; }
+    form=$("${@:3}" "$2") || fail "$2: $form"
+    same "form of $2 ${*:3}" "$1" "$form"
     echo "${2##*/} ${*:3}: $form"
 }
 
 # link NAME C-COMPILER FLAGS...: the program, with the archive.
 link() {
     program=$scratch/$1-${2##*/}
-    quietly "$2" -x c -std=gnu99 -O2 -I"$source/strlib/include" "${@:3}" "$here/forms.c" -x none "$archive" -o "$program"
+    quietly "$2" -x c -std=gnu99 -O2 -I"$root/strlib/include" "${@:3}" "$here/forms.c" -x none "$archive" -o "$program"
 }
 
 # The compiler for C that goes with one for C++.
@@ -81,7 +78,7 @@ size)
     with=$archive
     library "$1" without "" -DSTRLIB_X86_64_CHOICE=OFF
     for archive in "$with" "$archive"; do
-        quietly "$(c "$1")" -x c - -x none "$archive" -O2 -I"$source/strlib/include" -Wl,--gc-sections \
+        quietly "$(c "$1")" -x c - -x none "$archive" -O2 -I"$root/strlib/include" -Wl,--gc-sections \
             -o "$scratch/program" <<'END'
 #include <strlib.h>
 int main(int count, char **texts) { return TQANSI_strlen(*texts) + TQANSI_strcmp(*texts, texts[count - 1]); }
@@ -89,7 +86,7 @@ END
         sizes+=("$(size "$scratch/program" | awk 'NR == 2 { print $4 }')")
     done
     echo "with the choice ${sizes[0]} bytes, without ${sizes[1]}"
-    ((sizes[0] > sizes[1] && sizes[0] - sizes[1] <= limit)) || { echo "expected up to $limit more" >&2 && exit 1; }
+    ((sizes[0] > sizes[1] && sizes[0] - sizes[1] <= limit)) || fail "expected up to $limit more"
     ;;
 elsewhere)
     library "$1" without "" -DSTRLIB_X86_64_CHOICE=OFF
@@ -110,7 +107,7 @@ cmake_minimum_required(VERSION 3.25)
 project(around LANGUAGES C CXX)
 add_compile_options(-fsanitize=address)
 add_link_options(-fsanitize=address)
-add_subdirectory($source strlib)
+add_subdirectory($root strlib)
 add_executable(forms $here/forms.c)
 target_link_libraries(forms PRIVATE strlib::strlib)
 END
@@ -118,13 +115,10 @@ END
     quietly cmake --build "$scratch/around/build" -j2
     expect one "$scratch/around/build/forms"
     specs=$(echo /usr/lib/*/musl-gcc.specs)
-    [[ -f $specs ]] || { echo "musl's compiler is missing: $specs" >&2 && exit 1; }
+    [[ -f $specs ]] || fail "musl's compiler is missing: $specs"
     library g++ musl "-specs=$specs"
     link musl musl-gcc -static
     expect one "$program"
     ;;
-*)
-    echo "no such case: $case" >&2
-    exit 2
-    ;;
+*) fail "no such case" ;;
 esac

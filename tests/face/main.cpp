@@ -1,4 +1,0 @@
-int formatsTest();
-int faceTest();
-
-int main() { return formatsTest() + faceTest() == 0 ? 0 : 1; }
