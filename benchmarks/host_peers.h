@@ -13,6 +13,12 @@
 
 namespace host {
 
+template <class Call>
+struct Peer {
+    const char *name;
+    Call call;
+};
+
 inline const Peer memccpyThenEnd{"memccpy", [](char *destination, const char *source, int32_t count) {
                                      if (memccpy(destination, source, 0, static_cast<size_t>(count)) == nullptr)
                                          destination[count] = 0;
@@ -46,28 +52,28 @@ int32_t formatted(char *destination, size_t size, fmt::string_view format, const
     return static_cast<int32_t>(written.size);
 }
 
-inline const char *text(intptr_t slot) { return reinterpret_cast<const char *>(slot); }
-inline int32_t number(intptr_t slot) { return static_cast<int32_t>(slot); }
-inline char character(intptr_t slot) { return static_cast<char>(slot); }
-
 inline const Peer hexadecimal{"fmt", [](int32_t value, char *buffer, int32_t size, int32_t) {
                                   const uint32_t bits = static_cast<uint32_t>(value);
                                   formatted(buffer, static_cast<size_t>(size), "{:X}", value < 0 ? 0 - bits : bits);
                                   return buffer;
                               }};
-inline const Peer printFields{"fmt", [](char *destination, uint32_t size, const char *, const intptr_t *slots) {
-                                  return formatted(destination, size, "{}|{}|{}", number(slots[0]), text(slots[1]),
-                                                   character(slots[2]));
-                              }};
-inline const Peer printIntegers{"fmt", [](char *destination, uint32_t size, const char *, const intptr_t *slots) {
-                                    return formatted(destination, size, "{},{},{}", number(slots[0]), number(slots[1]),
-                                                     number(slots[2]));
-                                }};
-inline const Peer printSentence{"fmt", [](char *destination, uint32_t size, const char *, const intptr_t *slots) {
-                                    return formatted(destination, size,
-                                                     "The value {} of the sensor named {} is given in degrees {}.",
-                                                     number(slots[0]), text(slots[1]), character(slots[2]));
-                                }};
+
+// What our slots hold.
+inline const char *text(intptr_t slot) { return reinterpret_cast<const char *>(slot); }
+inline int32_t number(intptr_t slot) { return static_cast<int32_t>(slot); }
+inline char character(intptr_t slot) { return static_cast<char>(slot); }
+
+template <auto first, auto second, auto third>
+auto printer(fmt::string_view format) {
+    return [=](char *destination, uint32_t size, const char *, const intptr_t *slots) {
+        return formatted(destination, size, format, first(slots[0]), second(slots[1]), third(slots[2]));
+    };
+}
+
+inline const Peer printFields{"fmt", printer<number, text, character>("{}|{}|{}")};
+inline const Peer printIntegers{"fmt", printer<number, number, number>("{},{},{}")};
+inline const Peer printSentence{
+    "fmt", printer<number, text, character>("The value {} of the sensor named {} is given in degrees {}.")};
 
 inline const uint8_t *bytesOf(const char *text) { return reinterpret_cast<const uint8_t *>(text); }
 

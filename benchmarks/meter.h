@@ -1,13 +1,111 @@
 #ifndef BENCHMARKS_METER_H
 #define BENCHMARKS_METER_H
 
-// What the workloads see of the meter that they are compiled for: time on the host, instructions under emulation, or
-// the cycles of a board's own counter.
+// Measures a routine beside its peers by the meter that this is compiled for: time on the host, instructions under
+// emulation, or the cycles of a board's own counter.
+
+#include <concepts>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "contests.h"
+
+// Calls of one kind, each case with the arguments of one call.
+template <class Case>
+struct Workload {
+    std::string name;
+    std::vector<Case> cases = {};
+};
+
+// A call that the compiler can see through, of a routine with its own signature.
+template <auto routine>
+struct Direct {
+    template <class... Arguments>
+    auto operator()(Arguments... arguments) const {
+        return routine(arguments...);
+    }
+};
+
+template <auto routine>
+inline constexpr bool exists = !std::is_null_pointer_v<decltype(routine)>;
 
 #if defined(STRLIB_BENCHMARK_TIME)
 #include "meter_time.h"
 #else
 #include "meter_count.h"
 #endif
+
+namespace outcome {
+
+inline int64_t comparable(Same same, int64_t result) {
+    if (same == Same::sign) return (result > 0) - (result < 0);
+    if (same == Same::truth) return result != 0;
+    return same == Same::output ? 0 : result;
+}
+inline int64_t comparable(Same same, const volatile void *result) {
+    return comparable(same, static_cast<int64_t>(reinterpret_cast<intptr_t>(result)));
+}
+
+// What a call may have left behind an argument.
+inline std::string left(char *text) { return text; }
+inline std::string left(char **pointer) { return std::to_string(reinterpret_cast<intptr_t>(*pointer)); }
+template <std::integral Value>
+requires(!std::is_const_v<Value>) std::string left(Value *value) { return std::to_string(*value); }
+template <class Other>
+std::string left(Other) {
+    return "";
+}
+
+// The result of each call and what it leaves behind its arguments.
+template <class Call, class Case, class Body>
+std::vector<std::string> of(Same same, const Call &call, const std::vector<Case> &cases, const Body &body) {
+    std::vector<std::string> seen;
+    const auto observed = [&](auto... arguments) {
+        const auto note = [&](int64_t result) {
+            seen.push_back((std::to_string(result) + ... + (' ' + left(arguments))));
+        };
+        if constexpr (std::is_void_v<decltype(call(arguments...))>) {
+            call(arguments...);
+            note(0);
+        } else {
+            const auto result = call(arguments...);
+            note(comparable(same, result));
+            return result;
+        }
+    };
+    if (same != Same::nothing)
+        for (const Case &arguments : cases) body(observed, arguments);
+    return seen;
+}
+
+}  // namespace outcome
+
+// Measures our routine, and its peers once they have been seen to give the same results. Where time is measured, a
+// plain loop is a peer only where there is no other, and of the worst inputs.
+template <auto &...others, auto ours, auto plain, auto glibc, auto newlib, class Case, class Body>
+void measure(const Contest<ours, plain, glibc, newlib> &contest, const Workload<Case> &workload, const Body &body) {
+    const auto take = [&](const char *name, const auto &call) {
+        enter<decltype(ours)>(contest.routine, workload.name, name, call, workload.cases, body);
+    };
+    const auto expected = outcome::of(contest.same, Direct<ours>(), workload.cases, body);
+    const auto takePeer = [&](const char *name, const auto &call) {
+        if (outcome::of(contest.same, call, workload.cases, body) != expected) {
+            std::fprintf(stderr, "%s, %s: %s differs from our result\n", contest.routine, workload.name.c_str(), name);
+            std::exit(1);
+        }
+        take(name, call);
+    };
+    if constexpr (!measuresTime) take("empty", Direct<emptyLike(ours)>());
+    take("ours", Direct<ours>());
+    if constexpr (exists<glibc>) takePeer(cLibrary, Direct<glibc>());
+    if constexpr (exists<newlib> && hasNewlibToo) takePeer("newlib", Direct<newlib>());
+    if constexpr (measuresTime) (takePeer(others.name, others.call), ...);
+    if constexpr (exists<plain>)
+        if (!measuresTime || !exists<glibc> || contest.same == Same::nothing) takePeer("plain", Direct<plain>());
+}
 
 #endif

@@ -3,12 +3,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <cstring>
 #include <new>
 #include <random>
-#include <string>
-#include <vector>
 
 #include "meter.h"
 
@@ -49,6 +46,16 @@ inline std::string letters(size_t length, uint32_t different = 26) {
     return text;
 }
 
+// Random words, the first of them the most frequent.
+inline std::string prose(size_t length) {
+    std::vector<std::string> words;
+    for (int word = 0; word < 200; ++word) words.push_back(letters(1 + below(5) + below(5)));
+    std::string text;
+    while (text.size() < length) text += words[std::min(below(200), below(200))] + ' ';
+    text.resize(length);
+    return text;
+}
+
 struct Sizes {
     std::string workload;
     std::vector<size_t> lengths;
@@ -80,39 +87,19 @@ struct Text {
     uint32_t length;
 };
 
+constexpr auto unchanged = [](const std::string &) {};
+
 // Texts of small letters, changed by the function given before they are placed.
-template <class Change>
-std::vector<Text> makeTexts(const Sizes &sizes, const Change &change) {
-    std::vector<Text> texts;
+template <class Change = decltype(unchanged)>
+Workload<Text> makeTexts(const Sizes &sizes, const Change &change = unchanged) {
+    Workload<Text> texts{sizes.workload};
     startPage(0);
     for (size_t index = 0; index < sizes.lengths.size(); ++index) {
         std::string bytes = letters(sizes.lengths[index]);
         change(bytes);
-        texts.push_back({place(bytes, sizes.alignment(index, 0)), static_cast<uint32_t>(bytes.size())});
+        texts.cases.push_back({place(bytes, sizes.alignment(index, 0)), static_cast<uint32_t>(bytes.size())});
     }
     return texts;
-}
-
-inline std::vector<Text> makeTexts(const Sizes &sizes) {
-    return makeTexts(sizes, [](std::string &) {});
-}
-
-inline std::vector<char *> makeRooms(const Sizes &sizes, size_t extra) {
-    std::vector<char *> rooms;
-    startPage(2048);
-    for (size_t index = 0; index < sizes.lengths.size(); ++index)
-        rooms.push_back(room(sizes.lengths[index] + extra, sizes.alignment(index, 1)));
-    return rooms;
-}
-
-// Random words, the first of them the most frequent.
-inline std::string prose(size_t length) {
-    std::vector<std::string> words;
-    for (int word = 0; word < 200; ++word) words.push_back(letters(1 + below(5) + below(5)));
-    std::string text;
-    while (text.size() < length) text += words[std::min(below(200), below(200))] + ' ';
-    text.resize(length);
-    return text;
 }
 
 #endif
