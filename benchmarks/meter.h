@@ -14,8 +14,14 @@
 
 #include "contests.h"
 
-// Calls of one kind, each case with the arguments of one call.
-template <class Case>
+// What one call needs of: a text, another one or a room to write to, the length of the first, and a number.
+struct Case {
+    char *text;
+    char *other = nullptr;
+    uint32_t length = 0;
+    int32_t number = 0;
+};
+
 struct Workload {
     std::string name;
     std::vector<Case> cases = {};
@@ -61,7 +67,7 @@ std::string left(Other) {
 }
 
 // The result of each call and what it leaves behind its arguments.
-template <class Call, class Case, class Body>
+template <class Call, class Body>
 std::vector<std::string> of(Same same, const Call &call, const std::vector<Case> &cases, const Body &body) {
     std::vector<std::string> seen;
     const auto observed = [&](auto... arguments) {
@@ -86,8 +92,8 @@ std::vector<std::string> of(Same same, const Call &call, const std::vector<Case>
 
 // Measures our routine, and its peers once they have been seen to give the same results. Where time is measured, a
 // plain loop is a peer only where there is no other, and of the worst inputs.
-template <auto &...others, auto ours, auto plain, auto glibc, auto newlib, class Case, class Body>
-void measure(const Contest<ours, plain, glibc, newlib> &contest, const Workload<Case> &workload, const Body &body) {
+template <auto &...others, auto ours, auto plain, auto glibc, auto newlib, class Body>
+void measure(const Contest<ours, plain, glibc, newlib> &contest, const Workload &workload, const Body &body) {
     const auto take = [&](const char *name, const auto &call) {
         enter<decltype(ours)>(contest.routine, workload.name, name, call, workload.cases, body);
     };

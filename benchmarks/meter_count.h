@@ -34,7 +34,7 @@ constexpr auto emptyLike(Result (*)(Arguments...)) {
 }
 
 // One loop serves all implementations, so that the caller's cost is the same to the instruction.
-template <class Function, class Case, class Body>
+template <class Function, class Body>
 [[gnu::noinline]] void count(Function *function, const std::vector<Case> &cases, const Body &body) {
     asm volatile("" : "+r"(function));
     const auto callAll = [&] {
@@ -54,7 +54,7 @@ template <class Function, class Case, class Body>
 }
 
 // All are called with our signature, which the machine cannot tell from the C libraries' own.
-template <class Ours, auto routine, class Case, class Body>
+template <class Ours, auto routine, class Body>
 void enter(const char *title, const std::string &workload, const char *name, Direct<routine>,
            const std::vector<Case> &cases, const Body &body) {
     std::printf("%s\t%s\t%s\t%u\t", title, workload.c_str(), name, static_cast<unsigned>(cases.size()));

@@ -25,7 +25,7 @@ inline std::vector<uint32_t> orderOf(size_t cases) {
     return order;
 }
 
-template <class, class Call, class Case, class Body>
+template <class, class Call, class Body>
 void enter(const std::string &routine, const std::string &workload, const char *name, const Call &call,
            const std::vector<Case> &cases, const Body &body) {
     const auto run = [=](benchmark::State &state) {

@@ -82,24 +82,21 @@ inline std::vector<Sizes> allSizes() {
     return all;
 }
 
-struct Text {
-    char *at;
-    uint32_t length;
-};
-
-constexpr auto unchanged = [](const std::string &) {};
-
 // Texts of small letters, changed by the function given before they are placed.
-template <class Change = decltype(unchanged)>
-Workload<Text> makeTexts(const Sizes &sizes, const Change &change = unchanged) {
-    Workload<Text> texts{sizes.workload};
+template <class Change>
+Workload makeTexts(const Sizes &sizes, const Change &change) {
+    Workload texts{sizes.workload};
     startPage(0);
     for (size_t index = 0; index < sizes.lengths.size(); ++index) {
         std::string bytes = letters(sizes.lengths[index]);
         change(bytes);
-        texts.cases.push_back({place(bytes, sizes.alignment(index, 0)), static_cast<uint32_t>(bytes.size())});
+        texts.cases.push_back({place(bytes, sizes.alignment(index, 0)), nullptr, static_cast<uint32_t>(bytes.size())});
     }
     return texts;
+}
+
+inline Workload makeTexts(const Sizes &sizes) {
+    return makeTexts(sizes, [](std::string &) {});
 }
 
 #endif
