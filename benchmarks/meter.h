@@ -32,7 +32,10 @@ template <auto routine>
 struct Direct {
     template <class... Arguments>
     auto operator()(Arguments... arguments) const {
-        return routine(arguments...);
+        if constexpr (std::is_void_v<decltype(routine(arguments...))>)
+            return routine(arguments...), 0;
+        else
+            return routine(arguments...);
     }
 };
 
@@ -71,17 +74,9 @@ template <class Call, class Body>
 std::vector<std::string> of(Same same, const Call &call, const std::vector<Case> &cases, const Body &body) {
     std::vector<std::string> seen;
     const auto observed = [&](auto... arguments) {
-        const auto note = [&](int64_t result) {
-            seen.push_back((std::to_string(result) + ... + (' ' + left(arguments))));
-        };
-        if constexpr (std::is_void_v<decltype(call(arguments...))>) {
-            call(arguments...);
-            note(0);
-        } else {
-            const auto result = call(arguments...);
-            note(comparable(same, result));
-            return result;
-        }
+        const auto result = call(arguments...);
+        seen.push_back((std::to_string(comparable(same, result)) + ... + (' ' + left(arguments))));
+        return result;
     };
     if (same != Same::nothing)
         for (const Case &arguments : cases) body(observed, arguments);

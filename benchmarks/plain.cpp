@@ -19,15 +19,10 @@ bool isIn(char byte, const char *set) {
     return false;
 }
 
-template <int32_t (*key)(char)>
-int32_t compareBy(const char *first, const char *second) {
-    while (*first != 0 && key(*first) == key(*second)) ++first, ++second;
-    return key(*first) - key(*second);
-}
-
-template <int32_t (*key)(char)>
-int32_t compareUpToBy(const char *first, const char *second, int32_t count) {
-    for (; count > 0; --count, ++first, ++second)
+// Of so many bytes at most, where a count is given.
+template <int32_t (*key)(char), class... Count>
+int32_t compareBy(const char *first, const char *second, Count... left) {
+    for (; (... && (left > 0)); (..., --left), ++first, ++second)
         if (*first == 0 || key(*first) != key(*second)) return key(*first) - key(*second);
     return 0;
 }
@@ -101,10 +96,10 @@ int32_t TQANSI_strcmp(const char *first, const char *second) { return compareBy<
 int32_t TQANSI_stricmp(const char *first, const char *second) { return compareBy<folded>(first, second); }
 
 int32_t TQANSI_strncmp(const char *first, const char *second, int32_t count) {
-    return compareUpToBy<exact>(first, second, count);
+    return compareBy<exact>(first, second, count);
 }
 int32_t TQANSI_strnicmp(const char *first, const char *second, int32_t count) {
-    return compareUpToBy<folded>(first, second, count);
+    return compareBy<folded>(first, second, count);
 }
 
 int32_t customStricmp(const char *first, const char *second, const uint8_t *collation) {

@@ -40,9 +40,16 @@ inline char *place(const std::string &bytes, size_t alignment) {
     return at;
 }
 
-inline std::string letters(size_t length, uint32_t different = 26) {
+// Letters of so many, the first of them the most frequent if they are skewed.
+inline std::string letters(size_t length, uint32_t different = 26, bool areSkewed = false) {
     std::string text(length, ' ');
-    for (char &letter : text) letter = static_cast<char>('a' + below(different));
+    for (char &letter : text) letter = static_cast<char>('a' + below(areSkewed ? 1 + below(different) : different));
+    return text;
+}
+
+inline std::string repeated(const std::string &piece, size_t length) {
+    std::string text;
+    while (text.size() < length) text += piece;
     return text;
 }
 

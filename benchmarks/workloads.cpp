@@ -56,10 +56,11 @@ void measureCopies(const Sizes &sizes) {
     for (size_t index = 0; Case & copy : copies.cases) copy.other = room(copy.length + 65, sizes.alignment(index++, 1));
     for (Case &copy : copies.cases) copy.number = static_cast<int32_t>(sizes.isMix ? below(33) : copy.length * 3 / 4);
     const auto whole = [](auto call, const Case &copy) { return call(copy.other, copy.text); };
-    const auto bounded = [](auto call, const Case &copy) { return call(copy.other, copy.text, copy.number); };
     measure(contest::TQANSI_strcpy, copies, whole);
     measure(contest::TQ_strappend, copies, whole);
-    measure<host::memccpyThenEnd, host::strncpyThenEnd>(contest::TQANSI_strncpy, copies, bounded);
+    measure<host::memccpyThenEnd, host::strncpyThenEnd>(contest::TQANSI_strncpy, copies, [](auto call, auto &copy) {
+        return call(copy.other, copy.text, copy.number);
+    });
     measure(contest::TQANSI_memset, copies, [](auto call, auto &copy) { return call(copy.other, 'x', copy.length); });
 
     // From here on the length is that of the string in the room. It is cut short again after the call: cut right
@@ -69,15 +70,13 @@ void measureCopies(const Sizes &sizes) {
         std::memset(copy.other, 'x', copy.length);
         copy.other[copy.length] = 0;
     }
-    const auto appending = [](auto how) {
-        return [=](auto call, const Case &copy) {
-            char *const result = how(call, copy);
-            copy.other[copy.length] = 0;
-            return result;
-        };
+    const auto append = [](auto call, const Case &copy, auto... count) {
+        char *const result = call(copy.other, copy.text, count...);
+        copy.other[copy.length] = 0;
+        return result;
     };
-    measure(contest::TQANSI_strcat, copies, appending(whole));
-    measure(contest::TQANSI_strncat, copies, appending(bounded));
+    measure(contest::TQANSI_strcat, copies, append);
+    measure(contest::TQANSI_strncat, copies, [=](auto call, auto &copy) { return append(call, copy, copy.number); });
 }
 
 // Equal texts, but that half of the mixed ones differ somewhere.
@@ -104,6 +103,8 @@ void measureComparisons(const Sizes &sizes) {
                                          [=](auto call, auto &of) { return call(of.text, of.other, collation); });
 }
 
+Case search(const std::string &text, const std::string &needle) { return {place(text, 1), place(needle, 2)}; }
+
 void measureSubstring(const Workload &searches) {
     measure(contest::TQANSI_strstr, searches, ofBoth);
     measure(contest::TQ_stristr, searches, ofBoth);
@@ -126,10 +127,9 @@ void measureSubstrings() {
     }
     measureSubstring(inMix);
     measureSubstring(inProse);
-    measureSubstring(
-        {"4096 periodic, of 33", {{place(std::string(4095, 'a') + 'b', 1), place(std::string(32, 'a') + 'b', 2)}}});
+    measureSubstring({"4096 periodic, of 33", {search(std::string(4095, 'a') + 'b', std::string(32, 'a') + 'b')}});
     const std::string text = prose(4096);
-    measureSubstring({"4096 of prose, of 300", {{place(text, 1), place(text.substr(3796), 2)}}});
+    measureSubstring({"4096 of prose, of 300", {search(text, text.substr(3796))}});
 }
 
 void measureClasses() {
@@ -147,10 +147,8 @@ void measureClasses() {
             putSomewhere(sizes, text, 'x');
         });
         measure(contest::TQ_isBlankLine, blanks, ofText);
-        measure(contest::TQ_convertZstring, makeTexts(sizes), [=](auto call, auto &of) {
-            call(table, of.text);
-            return of.text;
-        });
+        measure(contest::TQ_convertZstring, makeTexts(sizes),
+                [=](auto call, auto &of) { return call(table, of.text); });
     }
 }
 
@@ -340,13 +338,11 @@ void measureNeedles() {
         }
         measureSubstring(searches);
     }
-    const std::string period = std::string(63, 'a') + 'b';
-    std::string periods;
-    while (periods.size() < 4096) periods += period;
+    const std::string periods = repeated(std::string(63, 'a') + 'b', 4096);
     measureSubstring({"4096, almost everywhere 64", {atTheEnd(periods, std::string(64, 'a'))}});
     const std::string needle = prose(1000);
     measureSubstring({"16384 of prose, of 1000", {atTheEnd(prose(15384), needle)}});
-    measureSubstring({"a^16384, a^31 b", {{place(std::string(16384, 'a'), 1), place(std::string(31, 'a') + 'b', 2)}}});
+    measureSubstring({"a^16384, a^31 b", {search(std::string(16384, 'a'), std::string(31, 'a') + 'b')}});
 
     Workload texts = makeTexts(alike(4096), [](std::string &text) { text[4080] = sought; });
     texts.name += ", near the end";
@@ -365,47 +361,35 @@ void measureAlike(uint32_t length) {
     measure(contest::TQANSI_stricmp, pairs, ofBoth);
 }
 
-void measureWorst(const auto &contest, const std::string &workload, const std::string &text,
-                  const std::string &needle) {
-    measure(contest, {"worst: " + workload, {{place(text, 1), place(needle, 2)}}}, ofBoth);
+// Long texts that are slow to search, exactly and folded, beside a plain loop that only looks for their end.
+void measureWorst(const std::string &workload, const std::array<Case, 2> &searches) {
+    measure(contest::worstSearch, {"worst: " + workload, {searches[0]}}, ofBoth);
+    measure(contest::worstFoldedSearch, {"worst: " + workload, {searches[1]}}, ofBoth);
 }
 
 void measureWorstLine(const std::string &workload, const std::string &source) {
-    char *const destination = room(source.size() + 1, 4);
-    measure(contest::worstLine, {"worst: " + workload, {{place(source, 1), destination, source.size()}}},
-            [](auto call, auto &of) { return call(of.other, of.length, of.text); });
+    const auto length = static_cast<uint32_t>(source.size());
+    char *const destination = room(length + 1, 4);
+    measure(contest::worstLine, {"worst: " + workload, {{place(source, 1), destination, length}}},
+            [](auto call, auto &of) { return call(of.other, static_cast<int32_t>(of.length), of.text); });
 }
 
-// Of few letters, of which the first is the most frequent.
-std::string skewed(size_t length, uint32_t different) {
-    std::string text(length, ' ');
-    for (char &byte : text) byte = static_cast<char>('a' + below(1 + below(different)));
-    return text;
-}
-
-// Long texts that are slow to search, beside a plain loop that only looks for their end.
 void measureWorstInputs() {
     constexpr size_t length = 16384;
     const std::string run(length, 'a');
-    measureWorst(contest::worstSearch, "a^n, aaaab", run, "aaaab");
-    measureWorst(contest::worstFoldedSearch, "a^n, aaaab", run, "aaaab");
-    for (const std::string needle : {"aaaaaacaabbaccaaaabaaaabq", "aaaaabaaabq"}) {
-        measureWorst(contest::worstSearch, "skewed letters, " + needle, skewed(length, 3), needle);
-        measureWorst(contest::worstFoldedSearch, "skewed letters, " + needle, withRandomCase(skewed(length, 3)),
-                     needle);
-    }
+    measureWorst("a^n, aaaab", {search(run, "aaaab"), search(run, "aaaab")});
+    for (const std::string needle : {"aaaaaacaabbaccaaaabaaaabq", "aaaaabaaabq"})
+        measureWorst("skewed letters, " + needle, {search(letters(length, 3, true), needle),
+                                                   search(withRandomCase(letters(length, 3, true)), needle)});
     for (const uint32_t different : {2U, 3U, 4U})
         for (const size_t size : {6U, 25U, 100U}) {
-            const std::string workload = std::to_string(different) + " letters, of " + std::to_string(size);
             const std::string needle = letters(size - 1, different) + 'q';
-            measureWorst(contest::worstSearch, workload, letters(length, different), needle);
-            measureWorst(contest::worstFoldedSearch, workload, withRandomCase(letters(length, different)),
-                         withRandomCase(needle));
+            measureWorst(std::to_string(different) + " letters, of " + std::to_string(size),
+                         {search(letters(length, different), needle),
+                          search(withRandomCase(letters(length, different)), withRandomCase(needle))});
         }
-    std::string pairs;
-    while (pairs.size() < length) pairs += "a\r";
     measureWorstLine("\\r^n", std::string(length, '\r'));
-    measureWorstLine("(a \\r)^n", pairs);
+    measureWorstLine("(a \\r)^n", repeated("a\r", length));
 }
 
 void measureAll() {
