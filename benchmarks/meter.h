@@ -88,7 +88,7 @@ std::vector<std::string> of(Same same, const Call &call, const std::vector<Case>
 // Measures our routine, and its peers once they have been seen to give the same results. Where time is measured, a
 // plain loop is a peer only where there is no other, and of the worst inputs.
 template <auto &...others, auto ours, auto plain, auto glibc, auto newlib, class Body>
-void measure(const Contest<ours, plain, glibc, newlib> &contest, const Workload &workload, const Body &body) {
+void measureBody(const Contest<ours, plain, glibc, newlib> &contest, const Workload &workload, const Body &body) {
     const auto take = [&](const char *name, const auto &call) {
         enter<decltype(ours)>(contest.routine, workload.name, name, call, workload.cases, body);
     };
@@ -107,6 +107,28 @@ void measure(const Contest<ours, plain, glibc, newlib> &contest, const Workload 
     if constexpr (measuresTime) (takePeer(others.name, others.call), ...);
     if constexpr (exists<plain>)
         if (!measuresTime || !exists<glibc> || contest.same == Same::nothing) takePeer("plain", Direct<plain>());
+}
+
+// Arguments are what a case holds, or the same in all cases.
+namespace of {
+inline constexpr auto text = [](const Case &of) { return of.text; };
+inline constexpr auto other = [](const Case &of) { return of.other; };
+inline constexpr auto length = [](const Case &of) { return of.length; };
+inline constexpr auto number = [](const Case &of) { return of.number; };
+}  // namespace of
+
+template <class Argument>
+auto valueOf(const Argument &argument, const Case &of) {
+    if constexpr (std::is_invocable_v<Argument, const Case &>)
+        return argument(of);
+    else
+        return argument;
+}
+
+template <auto &...others>
+void measure(const auto &contest, const Workload &workload, auto... arguments) {
+    measureBody<others...>(contest, workload,
+                           [=](auto call, const Case &of) { return call(valueOf(arguments, of)...); });
 }
 
 #endif

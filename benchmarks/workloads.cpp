@@ -14,11 +14,6 @@ constexpr char sought = ';';
 char *onStack = nullptr;  // 256 bytes in main()'s frame, where most callers have the buffers that they format into
 constexpr int32_t beyondAll = measuresTime ? 100000 : 5000;
 
-constexpr auto ofText = [](auto call, const Case &of) { return call(of.text); };
-constexpr auto ofBoth = [](auto call, const Case &of) { return call(of.text, of.other); };
-constexpr auto ofBytes = [](auto call, const Case &of) { return call(of.text, of.other, of.length); };
-constexpr auto forByte = [](auto call, const Case &of) { return call(of.text, sought); };
-
 // In half of the mixed texts; not in those of one length.
 void putSomewhere(const Sizes &sizes, std::string &text, char byte) {
     if (sizes.isMix && below(2) == 0 && !text.empty()) text[below(static_cast<uint32_t>(text.size()))] = byte;
@@ -38,15 +33,15 @@ uint8_t *identicalTable() {
 
 void measureLengthAndSearch(const Sizes &sizes) {
     Workload texts = makeTexts(sizes, [&](std::string &text) { putSomewhere(sizes, text, sought); });
-    measure(contest::TQANSI_strlen, texts, ofText);
-    measure(contest::TQANSI_strchr, texts, forByte);
-    measure(contest::TQANSI_strrchr, texts, forByte);
-    measure(contest::TQANSI_memchr, texts, [](auto call, auto &of) { return call(of.text, sought, of.length); });
+    measure(contest::TQANSI_strlen, texts, of::text);
+    measure(contest::TQANSI_strchr, texts, of::text, sought);
+    measure(contest::TQANSI_strrchr, texts, of::text, sought);
+    measure(contest::TQANSI_memchr, texts, of::text, sought, of::length);
     std::vector<const char *> sets = {",;\t", ",;:!?/\t\n"};
     if (measuresTime) sets.insert(sets.end(), {",;:!?/\t\n#%&", ",;:!?/\t\n#%&0123456789+"});
     for (const char *const set : sets) {
         texts.name = sizes.workload + ", set of " + std::to_string(std::strlen(set));
-        measure(contest::TQANSI_strpbrk, texts, [=](auto call, auto &of) { return call(of.text, set); });
+        measure(contest::TQANSI_strpbrk, texts, of::text, set);
     }
 }
 
@@ -55,14 +50,11 @@ void measureCopies(const Sizes &sizes) {
     startPage(2048);
     for (size_t index = 0; Case & copy : copies.cases) copy.other = room(copy.length + 65, sizes.alignment(index++, 1));
     for (Case &copy : copies.cases) copy.number = static_cast<int32_t>(sizes.isMix ? below(33) : copy.length * 3 / 4);
-    const auto whole = [](auto call, const Case &copy) { return call(copy.other, copy.text); };
-    measure(contest::TQANSI_strcpy, copies, whole);
-    measure(contest::TQ_strappend, copies, whole);
-    measure<host::memccpyThenEnd, host::strncpyThenEnd>(contest::TQANSI_strncpy, copies, [](auto call, auto &copy) {
-        return call(copy.other, copy.text, copy.number);
-    });
-    measure(contest::TQANSI_memset, copies, [](auto call, auto &copy) { return call(copy.other, 'x', copy.length); });
-
+    measure(contest::TQANSI_strcpy, copies, of::other, of::text);
+    measure(contest::TQ_strappend, copies, of::other, of::text);
+    measure<host::memccpyThenEnd, host::strncpyThenEnd>(contest::TQANSI_strncpy, copies, of::other, of::text,
+                                                        of::number);
+    measure(contest::TQANSI_memset, copies, of::other, 'x', of::length);
     // From here on the length is that of the string in the room. It is cut short again after the call: cut right
     // before, it would be read before the store is through.
     for (Case &copy : copies.cases) {
@@ -75,8 +67,9 @@ void measureCopies(const Sizes &sizes) {
         copy.other[copy.length] = 0;
         return result;
     };
-    measure(contest::TQANSI_strcat, copies, append);
-    measure(contest::TQANSI_strncat, copies, [=](auto call, auto &copy) { return append(call, copy, copy.number); });
+    measureBody(contest::TQANSI_strcat, copies, append);
+    measureBody(contest::TQANSI_strncat, copies,
+                [=](auto call, auto &copy) { return append(call, copy, copy.number); });
 }
 
 // Equal texts, but that half of the mixed ones differ somewhere.
@@ -93,21 +86,19 @@ void measureComparisons(const Sizes &sizes) {
     uint8_t *const collation = identicalTable();
     for (uint8_t letter = 'A'; letter <= 'Z'; ++letter) collation[letter] = static_cast<uint8_t>(letter + 32);
 
-    const auto bounded = [](auto call, const Case &of) { return call(of.text, of.other, beyondAll); };
-    measure(contest::TQANSI_strcmp, exact, ofBoth);
-    measure(contest::TQANSI_strncmp, exact, bounded);
-    measure(contest::TQANSI_memcmp, exact, ofBytes);
-    measure(contest::TQANSI_stricmp, folded, ofBoth);
-    measure(contest::TQANSI_strnicmp, folded, bounded);
-    measure<host::strcasecmpAsCollation>(contest::customStricmp, folded,
-                                         [=](auto call, auto &of) { return call(of.text, of.other, collation); });
+    measure(contest::TQANSI_strcmp, exact, of::text, of::other);
+    measure(contest::TQANSI_strncmp, exact, of::text, of::other, beyondAll);
+    measure(contest::TQANSI_memcmp, exact, of::text, of::other, of::length);
+    measure(contest::TQANSI_stricmp, folded, of::text, of::other);
+    measure(contest::TQANSI_strnicmp, folded, of::text, of::other, beyondAll);
+    measure<host::strcasecmpAsCollation>(contest::customStricmp, folded, of::text, of::other, collation);
 }
 
 Case search(const std::string &text, const std::string &needle) { return {place(text, 1), place(needle, 2)}; }
 
 void measureSubstring(const Workload &searches) {
-    measure(contest::TQANSI_strstr, searches, ofBoth);
-    measure(contest::TQ_stristr, searches, ofBoth);
+    measure(contest::TQANSI_strstr, searches, of::text, of::other);
+    measure(contest::TQ_stristr, searches, of::text, of::other);
 }
 
 void measureSubstrings() {
@@ -136,19 +127,17 @@ void measureClasses() {
     uint8_t *const table = identicalTable();
     Workload bytes{"all bytes", std::vector<Case>(256)};
     for (int32_t byte = 0; Case & of : bytes.cases) of.number = byte++;
-    const auto ofByte = [](auto call, const Case &of) { return call(of.number); };
-    measure<host::toupperInLine>(contest::TQANSI_toupper, bytes, ofByte);
-    measure<host::isalphaInLine>(contest::TQANSI_isalpha, bytes, ofByte);
-    measure<host::isdigitInLine>(contest::TQANSI_isdigit, bytes, ofByte);
-    measure(contest::TQ_isAttribute, bytes, [=](auto call, auto &of) { return call(0x11, table, of.number); });
+    measure<host::toupperInLine>(contest::TQANSI_toupper, bytes, of::number);
+    measure<host::isalphaInLine>(contest::TQANSI_isalpha, bytes, of::number);
+    measure<host::isdigitInLine>(contest::TQANSI_isdigit, bytes, of::number);
+    measure(contest::TQ_isAttribute, bytes, 0x11, table, of::number);
     for (const Sizes &sizes : allSizes()) {
         const Workload blanks = makeTexts(sizes, [&](std::string &text) {
             for (char &byte : text) byte = below(4) == 0 ? '\t' : ' ';
             putSomewhere(sizes, text, 'x');
         });
-        measure(contest::TQ_isBlankLine, blanks, ofText);
-        measure(contest::TQ_convertZstring, makeTexts(sizes),
-                [=](auto call, auto &of) { return call(table, of.text); });
+        measure(contest::TQ_isBlankLine, blanks, of::text);
+        measure(contest::TQ_convertZstring, makeTexts(sizes), table, of::text);
     }
 }
 
@@ -165,12 +154,10 @@ void measureNumbers(uint32_t most, const std::string &workload, const std::strin
         of.number = mixedInteger(most);
         of.text = place(std::to_string(of.number), below(32));
     }
-    char *const buffer = onStack;
-    measure<host::fromChars>(contest::TQANSI_atoi, numbers, ofText);
-    measure<host::toChars>(contest::decimal, {"radix 10" + written, numbers.cases},
-                           [=](auto call, auto &of) { return call(of.number, buffer, 64, 10); });
-    measure<host::hexadecimal>(contest::hexadecimal, {"radix 16" + written, numbers.cases},
-                               [=](auto call, auto &of) { return call(of.number, buffer, 64, 16); });
+    measure<host::fromChars>(contest::TQANSI_atoi, numbers, of::text);
+    measure<host::toChars>(contest::decimal, {"radix 10" + written, numbers.cases}, of::number, onStack, 64, 10);
+    measure<host::hexadecimal>(contest::hexadecimal, {"radix 16" + written, numbers.cases}, of::number, onStack, 64,
+                               16);
 }
 
 using Slots = std::array<intptr_t, 3>;
@@ -184,15 +171,14 @@ void measurePrint(const char *workload, const char *format, const Slots &first, 
     while (measuresTime && prints.size() < 256) prints.push_back(random());
     Workload numbered{workload, std::vector<Case>(prints.size(), {place(format, 4)})};
     for (int32_t number = 0; Case & of : numbered.cases) of.number = number++;
-    measure<peer>(contest::TQ_sprintf, numbered, [=, buffer = onStack](auto call, auto &of) {
-        return call(buffer, 256, of.text, prints[static_cast<size_t>(of.number)].data());
-    });
+    measure<peer>(contest::TQ_sprintf, numbered, onStack, 256, of::text,
+                  [=](const Case &print) { return prints[static_cast<size_t>(print.number)].data(); });
 }
 
 void measureScan(const char *format, const std::string &first, const Slots &slots, auto random) {
     Workload inputs{format, {{place(first, 0)}}};
     while (measuresTime && inputs.cases.size() < 256) inputs.cases.push_back({place(random(), below(32))});
-    measure(contest::TQ_sscanf, inputs, [=](auto call, auto &of) { return call(of.text, format, slots.data()); });
+    measure(contest::TQ_sscanf, inputs, of::text, format, [=](const Case &) { return slots.data(); });
 }
 
 void measureFormats() {
@@ -221,7 +207,7 @@ void measureLines(const char *workload, uint32_t shortest, uint32_t most) {
     for (Case &line : lines.cases)
         line.text = place(letters(shortest + below(most - shortest + 1)) + "\r\n" + letters(80), below(32));
     char *const destination = room(512, 4);
-    measure(contest::X_TAMBRO_gets, lines, [=](auto call, auto &of) { return call(destination, 500, of.text); });
+    measure(contest::X_TAMBRO_gets, lines, destination, 500, of::text);
 }
 
 void measureTokens(const char *workload, uint32_t shortest, uint32_t most) {
@@ -231,8 +217,8 @@ void measureTokens(const char *workload, uint32_t shortest, uint32_t most) {
             place((below(2) == 0 ? ", " : ",") + letters(shortest + below(most - shortest + 1)) + ", next", below(32));
     char **const end = variables<char *>();
     uint16_t *const length = variables<uint16_t>();
-    measure(contest::TQ_strtoken, tokens, [=](auto call, auto &of) { return call(of.text, ", ", end); });
-    measure(contest::TQ_strtoklen, tokens, [=](auto call, auto &of) { return call(of.text, ", ", length); });
+    measure(contest::TQ_strtoken, tokens, of::text, ", ", end);
+    measure(contest::TQ_strtoklen, tokens, of::text, ", ", length);
 }
 
 uint32_t mixedCodePoint() {
@@ -263,20 +249,16 @@ void measureUtf8(const char *workload, uint32_t (*next)()) {
     char *const buffer = variables<char>(8);
     uint32_t *const codePoint = variables<uint32_t>();
     int32_t *const result = variables<int32_t>();
-    measure<host::encode>(contest::unicodeToUtf8, characters,
-                          [=](auto call, auto &of) { return call(static_cast<uint32_t>(of.number), buffer); });
-    measure<host::decode>(contest::utf8ToUnicode, characters,
-                          [=](auto call, auto &of) { return call(of.text, codePoint, result); });
-    measure<host::readCharacter>(contest::utf8ReadChar, characters,
-                                 [=](auto call, auto &of) { return call(of.text, result, buffer); });
+    measure<host::encode>(contest::unicodeToUtf8, characters, of::number, buffer);
+    measure<host::decode>(contest::utf8ToUnicode, characters, of::text, codePoint, result);
+    measure<host::readCharacter>(contest::utf8ReadChar, characters, of::text, result, buffer);
 }
 
 void measureUtf8Set(const char *workload, size_t characters, bool isThere) {
     std::string text;
     for (size_t character = 0; character < characters; ++character) text += encoded(0x430 + below(32));
     if (isThere) text += "\xC2\xA7";
-    measure(contest::TQANSI_strpbrkUTF8, {workload, {{place(text, 1)}}},
-            [](auto call, auto &of) { return call(of.text, "\xE2\x82\xAC\xC2\xA7\xE2\x80\x93"); });
+    measure(contest::TQANSI_strpbrkUTF8, {workload, {{place(text, 1)}}}, of::text, "\xE2\x82\xAC\xC2\xA7\xE2\x80\x93");
 }
 
 void measureArithmetic() {
@@ -286,8 +268,8 @@ void measureArithmetic() {
         pair.other = place(letters(4 + below(9)), below(32));
     }
     char *const buffer = variables<char>(32);
-    measure(contest::string_operator_diff, pairs, ofBoth);
-    measure(contest::string_operator_add, pairs, [=](auto call, auto &of) { return call(buffer, of.text, 1); });
+    measure(contest::string_operator_diff, pairs, of::text, of::other);
+    measure(contest::string_operator_add, pairs, buffer, of::text, 1);
 }
 
 // Whole texts: each call begins where the one before it ended, and waits for it.
@@ -302,22 +284,22 @@ void measureWalks() {
     char **const end = variables<char *>();
     uint32_t *const codePoint = variables<uint32_t>();
     int32_t *const length = variables<int32_t>();
-    measure(contest::X_TAMBRO_gets, {"through 2048 short lines", {{place(lines, 0)}}}, [=](auto call, auto &of) {
+    measureBody(contest::X_TAMBRO_gets, {"through 2048 short lines", {{place(lines, 0)}}}, [=](auto call, auto &of) {
         const char *at = of.text;
         while (*at != 0) at += call(destination, 500, at) + 1;
         return at;
     });
-    measure(contest::TQ_strtoken, {"through 2048 short tokens", {{place(tokens, 0)}}}, [=](auto call, auto &of) {
+    measureBody(contest::TQ_strtoken, {"through 2048 short tokens", {{place(tokens, 0)}}}, [=](auto call, auto &of) {
         const char *at = of.text;
         while (call(at, " \t,", end) != nullptr) at = *end;
         return at;
     });
-    measure<host::decode>(contest::utf8ToUnicode, {"through 2048 Latin characters", {{place(characters, 0)}}},
-                          [=](auto call, auto &of) {
-                              const char *at = of.text;
-                              while (*at != 0) at = call(at, codePoint, length);
-                              return at;
-                          });
+    measureBody<host::decode>(contest::utf8ToUnicode, {"through 2048 Latin characters", {{place(characters, 0)}}},
+                              [=](auto call, auto &of) {
+                                  const char *at = of.text;
+                                  while (*at != 0) at = call(at, codePoint, length);
+                                  return at;
+                              });
 }
 
 // A needle at the end of a text that does not hold it before.
@@ -346,7 +328,7 @@ void measureNeedles() {
 
     Workload texts = makeTexts(alike(4096), [](std::string &text) { text[4080] = sought; });
     texts.name += ", near the end";
-    measure(contest::TQANSI_strrchr, texts, forByte);
+    measure(contest::TQANSI_strrchr, texts, of::text, sought);
 }
 
 // Equal texts, or a text and its destination, at the same place in a word.
@@ -355,23 +337,23 @@ void measureAlike(uint32_t length) {
     char *const first = place(text, 3);
     startPage(2048);
     const Workload pairs{std::to_string(length) + ", aligned alike", {{first, place(text, 3), length}}};
-    measure(contest::TQANSI_strcpy, pairs, [](auto call, auto &pair) { return call(pair.other, pair.text); });
-    measure(contest::TQANSI_strcmp, pairs, ofBoth);
-    measure(contest::TQANSI_memcmp, pairs, ofBytes);
-    measure(contest::TQANSI_stricmp, pairs, ofBoth);
+    measure(contest::TQANSI_strcpy, pairs, of::other, of::text);
+    measure(contest::TQANSI_strcmp, pairs, of::text, of::other);
+    measure(contest::TQANSI_memcmp, pairs, of::text, of::other, of::length);
+    measure(contest::TQANSI_stricmp, pairs, of::text, of::other);
 }
 
 // Long texts that are slow to search, exactly and folded, beside a plain loop that only looks for their end.
 void measureWorst(const std::string &workload, const std::array<Case, 2> &searches) {
-    measure(contest::worstSearch, {"worst: " + workload, {searches[0]}}, ofBoth);
-    measure(contest::worstFoldedSearch, {"worst: " + workload, {searches[1]}}, ofBoth);
+    measure(contest::worstSearch, {"worst: " + workload, {searches[0]}}, of::text, of::other);
+    measure(contest::worstFoldedSearch, {"worst: " + workload, {searches[1]}}, of::text, of::other);
 }
 
 void measureWorstLine(const std::string &workload, const std::string &source) {
     const auto length = static_cast<uint32_t>(source.size());
     char *const destination = room(length + 1, 4);
-    measure(contest::worstLine, {"worst: " + workload, {{place(source, 1), destination, length}}},
-            [](auto call, auto &of) { return call(of.other, static_cast<int32_t>(of.length), of.text); });
+    measure(contest::worstLine, {"worst: " + workload, {{place(source, 1), destination, length}}}, of::other,
+            of::length, of::text);
 }
 
 void measureWorstInputs() {
