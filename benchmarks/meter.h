@@ -42,6 +42,12 @@ struct Direct {
 template <auto routine>
 inline constexpr bool exists = !std::is_null_pointer_v<decltype(routine)>;
 
+#if defined(__linux__)
+inline constexpr bool isBoard = false;
+#else
+inline constexpr bool isBoard = true;
+#endif
+
 #if defined(STRLIB_BENCHMARK_TIME)
 #include "meter_time.h"
 #else
@@ -71,7 +77,7 @@ std::string left(Other) {
 
 // The result of each call and what it leaves behind its arguments.
 template <class Call, class Body>
-std::vector<std::string> of(Same same, const Call &call, const std::vector<Case> &cases, const Body &body) {
+std::vector<std::string> of(Same same, const Call &call, const Workload &workload, const Body &body) {
     std::vector<std::string> seen;
     const auto observed = [&](auto... arguments) {
         const auto result = call(arguments...);
@@ -79,22 +85,23 @@ std::vector<std::string> of(Same same, const Call &call, const std::vector<Case>
         return result;
     };
     if (same != Same::nothing)
-        for (const Case &arguments : cases) body(observed, arguments);
+        for (const Case &of : workload.cases) body(observed, of);
     return seen;
 }
 
 }  // namespace outcome
 
 // Measures our routine, and its peers once they have been seen to give the same results. Where time is measured, a
-// plain loop is a peer only where there is no other, and of the worst inputs.
+// plain loop is a peer only where there is no other, and of the worst inputs. A board has newlib alone, without its
+// prefix.
 template <auto &...others, auto ours, auto plain, auto glibc, auto newlib, class Body>
 void measureBody(const Contest<ours, plain, glibc, newlib> &contest, const Workload &workload, const Body &body) {
+    const auto expected = outcome::of(contest.same, Direct<ours>(), workload, body);
     const auto take = [&](const char *name, const auto &call) {
-        enter<decltype(ours)>(contest.routine, workload.name, name, call, workload.cases, body);
+        enter<decltype(ours)>(contest.routine, workload, name, call, body);
     };
-    const auto expected = outcome::of(contest.same, Direct<ours>(), workload.cases, body);
     const auto takePeer = [&](const char *name, const auto &call) {
-        if (outcome::of(contest.same, call, workload.cases, body) != expected) {
+        if (outcome::of(contest.same, call, workload, body) != expected) {
             std::fprintf(stderr, "%s, %s: %s differs from our result\n", contest.routine, workload.name.c_str(), name);
             std::exit(1);
         }
@@ -102,8 +109,8 @@ void measureBody(const Contest<ours, plain, glibc, newlib> &contest, const Workl
     };
     if constexpr (!measuresTime) take("empty", Direct<emptyLike(ours)>());
     take("ours", Direct<ours>());
-    if constexpr (exists<glibc>) takePeer(cLibrary, Direct<glibc>());
-    if constexpr (exists<newlib> && hasNewlibToo) takePeer("newlib", Direct<newlib>());
+    if constexpr (exists<glibc>) takePeer(isBoard ? "newlib" : "glibc", Direct<glibc>());
+    if constexpr (exists<newlib> && !isBoard && !measuresTime) takePeer("newlib", Direct<newlib>());
     if constexpr (measuresTime) (takePeer(others.name, others.call), ...);
     if constexpr (exists<plain>)
         if (!measuresTime || !exists<glibc> || contest.same == Same::nothing) takePeer("plain", Direct<plain>());

@@ -10,8 +10,6 @@
 #include <random>
 
 inline constexpr bool measuresTime = true;
-inline constexpr bool hasNewlibToo = false;
-inline constexpr const char *cLibrary = "glibc";
 
 // What else runs on the machine only ever adds time, so of many short repetitions the fastest is what repeats.
 inline double fastest(const std::vector<double> &times) { return *std::min_element(times.begin(), times.end()); }
@@ -26,15 +24,14 @@ inline std::vector<uint32_t> orderOf(size_t cases) {
 }
 
 template <class, class Call, class Body>
-void enter(const std::string &routine, const std::string &workload, const char *name, const Call &call,
-           const std::vector<Case> &cases, const Body &body) {
-    const auto run = [=](benchmark::State &state) {
+void enter(const char *routine, const Workload &workload, const char *name, const Call &call, const Body &body) {
+    const std::string title = std::string(routine) + '/' + workload.name + '/' + name;
+    const auto run = [=, cases = workload.cases](benchmark::State &state) {
         const std::vector<uint32_t> order = orderOf(cases.size());
         for (auto _ : state)
             for (const uint32_t index : order) benchmark::DoNotOptimize(body(call, cases[index]));
         state.counters["calls"] = static_cast<double>(order.size());
     };
-    const std::string title = routine + '/' + workload + '/' + name;
     benchmark::RegisterBenchmark(title.c_str(), run)->ComputeStatistics("fastest", fastest);
 }
 

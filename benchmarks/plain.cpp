@@ -6,10 +6,11 @@ namespace {
 
 using SignedByte = signed char;
 
-int32_t exact(char byte) { return static_cast<SignedByte>(byte); }
+bool isWithin(int32_t value, int32_t first, int32_t last) { return value >= first && value <= last; }
 
+int32_t exact(char byte) { return static_cast<SignedByte>(byte); }
 int32_t folded(char byte) {
-    const int32_t value = static_cast<SignedByte>(byte);
+    const int32_t value = exact(byte);
     return value >= 'A' && value <= 'Z' ? value + 32 : value;
 }
 
@@ -147,16 +148,10 @@ char *TQANSI_strpbrk(const char *string, const char *set) {
 char *TQANSI_strstr(const char *string, const char *substring) { return findStringBy<exact>(string, substring); }
 char *TQ_stristr(const char *string, const char *substring) { return findStringBy<folded>(string, substring); }
 
-int32_t TQANSI_toupper(int32_t character) { return character >= 'a' && character <= 'z' ? character - 32 : character; }
-
+int32_t TQANSI_toupper(int32_t character) { return isWithin(character, 'a', 'z') ? character - 32 : character; }
+int32_t TQANSI_isdigit(int32_t character) { return isWithin(character & 0xFF, '0', '9'); }
 int32_t TQANSI_isalpha(int32_t character) {
-    const int32_t byte = character & 0xFF;
-    return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
-}
-
-int32_t TQANSI_isdigit(int32_t character) {
-    const int32_t byte = character & 0xFF;
-    return byte >= '0' && byte <= '9';
+    return isWithin(character & 0xFF, 'A', 'Z') || isWithin(character & 0xFF, 'a', 'z');
 }
 
 int32_t TQ_isBlankLine(const char *string) {
@@ -250,7 +245,7 @@ char *utf8ReadChar(const char *input, int32_t *valid, char *character) {
 }
 
 char *TQANSI_strpbrkUTF8(const char *string, const char *set) {
-    for (; *string != 0; ++string) {
+    for (; *string != 0; ++string)
         for (const char *member = set; *member != 0;) {
             const int32_t size = sequenceLength(static_cast<uint8_t>(*member));
             int32_t index = 0;
@@ -258,7 +253,6 @@ char *TQANSI_strpbrkUTF8(const char *string, const char *set) {
             if (index == size) return writable(string);
             member += size;
         }
-    }
     return nullptr;
 }
 

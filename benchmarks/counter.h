@@ -1,16 +1,28 @@
-#ifndef BENCHMARKS_CYCLE_COUNTER_H
-#define BENCHMARKS_CYCLE_COUNTER_H
+#ifndef BENCHMARKS_COUNTER_H
+#define BENCHMARKS_COUNTER_H
 
-// The cycle counter of the core that the program runs on, without an operating system.
+// What counts between two points of the program, and writes the count as the rest of a line: under Linux the emulator's
+// counter of instructions, see instruction_counter.cpp; without an operating system the core's own counter of cycles.
 
 #include <cstdint>
+#include <cstdio>
+
+#if defined(__linux__)
+
+#include <sys/syscall.h>
+#include <unistd.h>
+
+inline void startCounting() { syscall(SYS_getppid, 0); }
+inline void writeCount() { syscall(SYS_getppid, 1); }
+
+#else
 
 #if __ARM_ARCH_PROFILE == 'M'
 
 inline volatile uint32_t &debugRegister(uint32_t address) { return *reinterpret_cast<volatile uint32_t *>(address); }
 
 // DWT; cores without the counter read 0 all the time.
-inline void startCycleCounter() {
+inline void enableCycles() {
     debugRegister(0xE000EDFC) = debugRegister(0xE000EDFC) | 1U << 24;  // DEMCR.TRCENA
     debugRegister(0xE0001000) = debugRegister(0xE0001000) | 1U;        // DWT_CTRL.CYCCNTENA
 }
@@ -19,7 +31,7 @@ inline uint32_t cyclesPassed() { return debugRegister(0xE0001004); }
 
 #else
 
-inline void startCycleCounter() {
+inline void enableCycles() {
     asm volatile("mcr p15, 0, %0, c9, c12, 1" ::"r"(1U << 31));  // PMCNTENSET: the cycle counter
     asm volatile("mcr p15, 0, %0, c9, c12, 0\n isb" ::"r"(1U));  // PMCR.E, counting each cycle
 }
@@ -29,6 +41,16 @@ inline uint32_t cyclesPassed() {
     asm volatile("isb\n mrc p15, 0, %0, c9, c13, 0" : "=r"(cycles)::"memory");  // PMCCNTR
     return cycles;
 }
+
+#endif
+
+inline uint32_t cyclesAtStart;
+
+inline void startCounting() {
+    enableCycles();
+    cyclesAtStart = cyclesPassed();
+}
+inline void writeCount() { std::printf("%lu\n", static_cast<unsigned long>(cyclesPassed() - cyclesAtStart)); }
 
 #endif
 
