@@ -15,11 +15,10 @@ inline constexpr bool measuresTime = true;
 inline double fastest(const std::vector<double> &times) { return *std::min_element(times.begin(), times.end()); }
 
 // Of many cases so many in random order that no branch predictor learns them; a few long ones in turn.
-inline std::vector<uint32_t> orderOf(size_t cases) {
+inline std::vector<const Case *> inOrder(const std::vector<Case> &cases) {
     std::mt19937 random(1);
-    std::vector<uint32_t> order(cases < 64 ? cases : 4096);
-    for (uint32_t next = 0; uint32_t & index : order)
-        index = cases < 64 ? next++ : static_cast<uint32_t>(random() % cases);
+    std::vector<const Case *> order(cases.size() < 64 ? cases.size() : 4096);
+    for (size_t next = 0; const Case *&of : order) of = &cases[cases.size() < 64 ? next++ : random() % cases.size()];
     return order;
 }
 
@@ -27,9 +26,9 @@ template <class, class Call, class Body>
 void enter(const char *routine, const Workload &workload, const char *name, const Call &call, const Body &body) {
     const std::string title = std::string(routine) + '/' + workload.name + '/' + name;
     const auto run = [=, cases = workload.cases](benchmark::State &state) {
-        const std::vector<uint32_t> order = orderOf(cases.size());
+        const std::vector<const Case *> order = inOrder(cases);
         for (auto _ : state)
-            for (const uint32_t index : order) benchmark::DoNotOptimize(body(call, cases[index]));
+            for (const Case *const of : order) benchmark::DoNotOptimize(body(call, *of));
         state.counters["calls"] = static_cast<double>(order.size());
     };
     benchmark::RegisterBenchmark(title.c_str(), run)->ComputeStatistics("fastest", fastest);
