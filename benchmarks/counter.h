@@ -12,10 +12,14 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+inline constexpr bool isBoard = false;
+
 inline void startCounting() { syscall(SYS_getppid, 0); }
 inline void writeCount() { syscall(SYS_getppid, 1); }
 
 #else
+
+inline constexpr bool isBoard = true;
 
 #if __ARM_ARCH_PROFILE == 'M'
 

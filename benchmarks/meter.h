@@ -4,7 +4,6 @@
 // Measures a routine beside its peers by the meter that this is compiled for: time on the host, instructions under
 // emulation, or the cycles of a board's own counter.
 
-#include <concepts>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -42,34 +41,28 @@ struct Direct {
 template <auto routine>
 inline constexpr bool exists = !std::is_null_pointer_v<decltype(routine)>;
 
-#if defined(__linux__)
-inline constexpr bool isBoard = false;
-#else
-inline constexpr bool isBoard = true;
-#endif
-
 #if defined(STRLIB_BENCHMARK_TIME)
 #include "meter_time.h"
 #else
 #include "meter_count.h"
 #endif
 
-namespace outcome {
-
-inline int64_t comparable(Same same, int64_t result) {
-    if (same == Same::sign) return (result > 0) - (result < 0);
-    if (same == Same::truth) return result != 0;
-    return same == Same::output ? 0 : result;
-}
-inline int64_t comparable(Same same, const volatile void *result) {
-    return comparable(same, static_cast<int64_t>(reinterpret_cast<intptr_t>(result)));
+template <class Result>
+int64_t comparable(Same same, Result result) {
+    if constexpr (std::is_pointer_v<Result>)
+        return reinterpret_cast<intptr_t>(result);
+    else if (same == Same::sign)
+        return (result > 0) - (result < 0);
+    else
+        return same == Same::truth ? result != 0 : same == Same::output ? 0 : result;
 }
 
 // What a call may have left behind an argument.
 inline std::string left(char *text) { return text; }
-inline std::string left(char **pointer) { return std::to_string(reinterpret_cast<intptr_t>(*pointer)); }
-template <std::integral Value>
-requires(!std::is_const_v<Value>) std::string left(Value *value) { return std::to_string(*value); }
+template <class Value>
+requires(!std::is_const_v<Value> && !std::is_void_v<Value>) std::string left(Value *value) {
+    return std::to_string(comparable(Same::result, *value));
+}
 template <class Other>
 std::string left(Other) {
     return "";
@@ -77,7 +70,7 @@ std::string left(Other) {
 
 // The result of each call and what it leaves behind its arguments.
 template <class Call, class Body>
-std::vector<std::string> of(Same same, const Call &call, const Workload &workload, const Body &body) {
+std::vector<std::string> outcomes(Same same, const Call &call, const Workload &workload, const Body &body) {
     std::vector<std::string> seen;
     const auto observed = [&](auto... arguments) {
         const auto result = call(arguments...);
@@ -89,19 +82,17 @@ std::vector<std::string> of(Same same, const Call &call, const Workload &workloa
     return seen;
 }
 
-}  // namespace outcome
-
 // Measures our routine, and its peers once they have been seen to give the same results. Where time is measured, a
 // plain loop is a peer only where there is no other, and of the worst inputs. A board has newlib alone, without its
 // prefix.
 template <auto &...others, auto ours, auto plain, auto glibc, auto newlib, class Body>
 void measureBody(const Contest<ours, plain, glibc, newlib> &contest, const Workload &workload, const Body &body) {
-    const auto expected = outcome::of(contest.same, Direct<ours>(), workload, body);
+    const auto expected = outcomes(contest.same, Direct<ours>(), workload, body);
     const auto take = [&](const char *name, const auto &call) {
         enter<decltype(ours)>(contest.routine, workload, name, call, body);
     };
     const auto takePeer = [&](const char *name, const auto &call) {
-        if (outcome::of(contest.same, call, workload, body) != expected) {
+        if (outcomes(contest.same, call, workload, body) != expected) {
             std::fprintf(stderr, "%s, %s: %s differs from our result\n", contest.routine, workload.name.c_str(), name);
             std::exit(1);
         }

@@ -2,7 +2,7 @@
 #define BENCHMARKS_METER_TIME_H
 
 #include <benchmark/benchmark.h>
-#include <fmt/core.h>
+#include <fmt/format.h>
 #include <gnu/libc-version.h>
 #include <utf8proc.h>
 
@@ -10,6 +10,7 @@
 #include <random>
 
 inline constexpr bool measuresTime = true;
+inline constexpr bool isBoard = false;
 
 // What else runs on the machine only ever adds time, so of many short repetitions the fastest is what repeats.
 inline double fastest(const std::vector<double> &times) { return *std::min_element(times.begin(), times.end()); }
@@ -44,8 +45,7 @@ inline int runMeter(int argc, char **argv, void (*enterAll)()) {
     benchmark::AddCustomContext("compiler", "GCC " __VERSION__);
 #endif
     benchmark::AddCustomContext("glibc", gnu_get_libc_version());
-    benchmark::AddCustomContext("fmt",
-                                std::to_string(FMT_VERSION / 10000) + "." + std::to_string(FMT_VERSION / 100 % 100));
+    benchmark::AddCustomContext("fmt", fmt::format("{}.{}", FMT_VERSION / 10000, FMT_VERSION / 100 % 100));
     benchmark::AddCustomContext("utf8proc", utf8proc_version());
     enterAll();
     const bool ran = benchmark::RunSpecifiedBenchmarks() > 0;

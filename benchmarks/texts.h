@@ -90,20 +90,18 @@ inline std::vector<Sizes> allSizes() {
 }
 
 // Texts of small letters, changed by the function given before they are placed.
-template <class Change>
-Workload makeTexts(const Sizes &sizes, const Change &change) {
+template <class Change = void (*)(std::string &)>
+Workload makeTexts(
+    const Sizes &sizes, const Change &change = [](std::string &) {}) {
     Workload texts{sizes.workload};
     startPage(0);
-    for (size_t index = 0; index < sizes.lengths.size(); ++index) {
-        std::string bytes = letters(sizes.lengths[index]);
+    for (const size_t length : sizes.lengths) {
+        std::string bytes = letters(length);
         change(bytes);
-        texts.cases.push_back({place(bytes, sizes.alignment(index, 0)), nullptr, static_cast<uint32_t>(bytes.size())});
+        texts.cases.push_back(
+            {place(bytes, sizes.alignment(texts.cases.size(), 0)), nullptr, static_cast<uint32_t>(length)});
     }
     return texts;
-}
-
-inline Workload makeTexts(const Sizes &sizes) {
-    return makeTexts(sizes, [](std::string &) {});
 }
 
 #endif
