@@ -62,21 +62,21 @@ def read_sizes(archive):
 
 def read_calls(tree, functions):
     """Completes the functions from the compiler's call graphs. Functions of other libraries have no frame there."""
-    for graph in tree.rglob("*.ci"):
-        member = graph.name.replace(".ci", ".o")
+    for path in tree.rglob("*.ci"):
+        graph, member = path.read_text(encoding="utf-8"), path.with_suffix(".o").name
 
-        def function_of(title):
+        def name_of(title):
             symbol = title.rpartition(":")[2]
-            local = key_of(member, symbol, True)
-            return local if local in functions else symbol
+            return key_of(member, symbol, key_of(member, symbol, True) in functions)
 
-        for text in graph.read_text(encoding="utf-8").splitlines():
-            if node := re.match(r'node:.* title: "(.*?)" .*\\n(\d+) bytes \((.*)\)', text):
-                if node[3] != "static":
-                    sys.exit(f"{node[1]}: the stack frame is {node[3]}")
-                functions.get(function_of(node[1]), Function()).frame = int(node[2])
-            elif edge := re.search(r'sourcename: "(.*?)" targetname: "(.*?)"', text):
-                functions.get(function_of(edge[1]), Function()).calls.add(function_of(edge[2]))
+        for title, frame, kind in re.findall(r'^node: .*title: "(.*?)" .*\\n(\d+) bytes \((.*)\)', graph, re.MULTILINE):
+            if kind != "static":
+                sys.exit(f"{title}: the stack frame is {kind}")
+            if name_of(title) in functions:
+                functions[name_of(title)].frame = int(frame)
+        for caller, callee in re.findall(r'^edge: .*sourcename: "(.*?)" targetname: "(.*?)"', graph, re.MULTILINE):
+            if name_of(caller) in functions:
+                functions[name_of(caller)].calls.add(name_of(callee))
     for name, function in functions.items():
         if function.frame is None:
             sys.exit(f"{name}: no stack frame is known")

@@ -32,7 +32,8 @@ def write_table(path, heads, table):
     with open(path, "w", newline="", encoding="utf-8") as file:
         writer = csv.writer(file, delimiter="\t", lineterminator="\n")
         writer.writerow(heads)
-        writer.writerows([*key, *(row.get(head, "") for head in heads[len(key):])] for key, row in table.items())
+        for key, row in table.items():
+            writer.writerow([*key, *(round(row[head], 1) if head in row else "" for head in heads[len(key):])])
 
 
 def excesses(figures, ceilings, unit, tolerance=1):
@@ -40,13 +41,13 @@ def excesses(figures, ceilings, unit, tolerance=1):
     worst = {}
     for key in figures.keys() & ceilings.keys():
         for column, ceiling in ceilings[key].items():
-            figure, ceiling = figures[key].get(column, 0), float(ceiling or 0)
-            if figure > tolerance * ceiling:
-                entry = figure / (ceiling or 1), f"{', '.join(key)}, {column}: {figure:g} {unit}, ceiling {ceiling:g}"
+            figure = figures[key].get(column, 0)
+            if figure > tolerance * float(ceiling or 0):
+                text = f"{', '.join(key)}, {column}: {figure:.6g} {unit}, ceiling {ceiling}"
+                entry = figure / float(ceiling or 1), text
                 worst[key[0], column] = max(worst.get((key[0], column), entry), entry)
-    unpaired = figures.keys() ^ ceilings.keys()
-    return sorted([text for _, text in worst.values()]
-                  + [f"{', '.join(key)}: a measurement and a ceiling must both exist" for key in unpaired])
+    unpaired = [f"{', '.join(key)}: a measurement and a ceiling must both exist" for key in figures.keys() ^ ceilings]
+    return sorted([text for _, text in worst.values()] + unpaired)
 
 
 def line(cells):

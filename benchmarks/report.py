@@ -63,58 +63,51 @@ def ratio(cost, wanted="library"):
     return cost[best_peer(cost, wanted)] / cost["ours"]
 
 
-class Goals:
-    """What the ratio is to reach in one build. The worst inputs have one in common: so many times a plain loop."""
-
-    def __init__(self, build, costs):
-        self.build, self.costs = build, costs
-        self.rows = {key[:2]: (key[2], float(row[build])) for key, row in read_table(HERE / "goals.tsv", 3).items()
-                     if row.get(build) and key[:2] in costs}
-        for key in costs:
-            if key[1].startswith(WORST):
-                self.rows[key] = "plain", 0.125 if key[0] == "TQ_stristr" else 0.25
-
-    def peer(self, key):
-        return self.rows.get(key, ("library", 0))[0]
-
-    def is_met(self, key):
-        return round(ratio(self.costs[key], self.peer(key)), 2) >= self.rows[key][1]
-
-    def cells(self, key):
-        if key not in self.rows:
-            return ["", ""]
-        value, goal = ratio(self.costs[key], self.peer(key)), self.rows[key][1]
-        return [f"{goal:g}", "goal met" if self.is_met(key) else f"{int(100 * value / goal)} % of it"]
-
-    def summary(self):
-        """How many goals are met, and why others are not."""
-        missed = [key for key in self.rows if not self.is_met(key)]
-        reasons = {key[:2]: row["reason"] for key, row in read_table(HERE / "reasons.tsv", 3).items()
-                   if self.build in key[2].split()}
-        yield f"{len(self.rows) - len(missed)} of {len(self.rows)} goals are met."
-        if missed:
-            yield "\n| falls short | workload | reached | why |\n|---|---|--:|---|"
-        for key in missed:
-            yield line([f"`{key[0]}`", key[1], self.cells(key)[1], reasons.get(key, "")])
+def goals_of(build, costs):
+    """The peer and the ratio to reach. The worst inputs have one in common: so many times a plain loop."""
+    goals = {key[:2]: (key[2], float(row[build])) for key, row in read_table(HERE / "goals.tsv", 3).items()
+             if row.get(build) and key[:2] in costs}
+    worst = (key for key in costs if key[1].startswith(WORST))
+    return goals | {key: ("plain", 0.125 if key[0] == "TQ_stristr" else 0.25) for key in worst}
 
 
-def table(unit, builds, goals, columns=()):
+def verdict(cost, peer, goal):
+    reached = ratio(cost, peer)
+    return "goal met" if round(reached, 2) >= goal else f"{int(100 * reached / goal)} % of it"
+
+
+def summary(build, costs):
+    """How many goals are met, and why others are not."""
+    verdicts = {key: verdict(costs[key], *goal) for key, goal in goals_of(build, costs).items()}
+    missed = {key: text for key, text in verdicts.items() if text != "goal met"}
+    reasons = {key[:2]: row["reason"] for key, row in read_table(HERE / "reasons.tsv", 3).items()
+               if build in key[2].split()}
+    yield f"{len(verdicts) - len(missed)} of {len(verdicts)} goals are met."
+    if missed:
+        yield "\n| falls short | workload | reached | why |\n|---|---|--:|---|"
+    for key, text in missed.items():
+        yield line([f"`{key[0]}`", key[1], text, reasons.get(key, "")])
+
+
+def table(unit, builds, columns=()):
     """All workloads, with the goals of the first build; one group of columns for each build."""
     first, *others = builds
     heads = ["routine", "workload"]
-    for build in builds:
-        prefix = "" if build == first else f"{build}: "
+    for prefix in ("", *(f"{build}: " for build in others)):
         heads += [f"{prefix}ours, {unit}", *columns, "best peer", f"{prefix}peer / ours (more is better)"]
-        heads += ["goal", ""] if build == first else []
+        heads += [] if prefix else ["goal", ""]
     yield heads
+    goals = goals_of(first, builds[first])
     for key in by_routine(builds[first]):
         cells = [*key]
+        peer, goal = goals.get(key, ("library", None))
         for build, costs in builds.items():
             cost = costs.get(key, {"ours": 0.0, "plain": 0.0})
-            peer = best_peer(cost, goals.peer(key))
+            best = best_peer(cost, peer)
             cells += [f"{cost['ours']:.1f}", *(f"{cost[name]:.1f}" if name in cost else "" for name in columns)]
-            cells += [peer, f"{cost[peer] / cost['ours']:.2f}" if cost["ours"] else ""]
-            cells += goals.cells(key) if build == first else []
+            cells += [best, f"{cost[best] / cost['ours']:.2f}" if cost["ours"] else ""]
+            if build == first:
+                cells += [f"{goal:g}", verdict(cost, peer, goal)] if goal else ["", ""]
         yield cells
 
 
@@ -130,7 +123,7 @@ def print_rows(pattern, unit, builds):
         if not chosen:
             sys.exit(f"{build}: nothing matches {pattern}")
         print(f"{build}: {unit} a call, less is better; peer / ours above 1: ours is better")
-        rows = list(table(unit, {build: chosen}, Goals(build, chosen)))
+        rows = list(table(unit, {build: chosen}))
         widths = [max(map(len, column)) for column in zip(*rows)]
         for row in rows:
             print("  ".join(cell.ljust(width) for cell, width in zip(row, widths)).rstrip())
@@ -159,13 +152,12 @@ Instructions a call, counted exactly by an emulator: fewer are better. `script/b
 - glibc chooses `memchr` and `memcpy` at run time and takes the NEON ones in both tables."""
     titles = "General registers: `-march=armv7-a+fp`", "NEON: `-march=armv7-a+simd -mfpu=neon`"
     for title, (build, costs) in zip(titles, builds.items()):
-        goals = Goals(build, costs)
         slower = [f"`{routine}` ({workload})" for (routine, workload), cost in costs.items()
                   if not workload.startswith(WORST) and cost["ours"] > 1.1 * cost.get("plain", cost["ours"])]
         yield f"\n## {title}\n"
-        yield from goals.summary()
+        yield from summary(build, costs)
         yield f"\nMore than 10 % above the plain loop: {', '.join(slower) or 'nothing'}.\n"
-        yield from markdown(table("instructions", {build: costs}, goals, ["glibc", "newlib", "plain"]))
+        yield from markdown(table("instructions", {build: costs}, ["glibc", "newlib", "plain"]))
     yield from cycles.section(tree, builds)
     yield """
 ## On your own board
@@ -183,7 +175,6 @@ nothing."""
 
 def x86_document(builds, context):
     processor = re.search(r"model name\s*: (.*)", Path("/proc/cpuinfo").read_text(encoding="utf-8"))[1]
-    goals = Goals("default", builds["default"])
     yield f"""# Speed on x86-64
 
 Time a call: less is better. *peer / ours* is the time of what a user would call instead, divided by ours: above 1 ours
@@ -204,9 +195,9 @@ is faster, and more is better. `script/bench` writes this file.
 
 ![Ratios of each routine](speed.svg)
 """
-    yield from goals.summary()
+    yield from summary("default", builds["default"])
     yield ""
-    yield from markdown(table("ns", builds, goals))
+    yield from markdown(table("ns", builds))
 
 
 def draw(default, baseline):
@@ -224,8 +215,7 @@ def draw(default, baseline):
 
 def report_armv7(mode, tree):
     builds = {build: read_counts(tree / f"{build}.tsv") for build in ("general", "neon")}
-    figures = {key: {build: round(costs[key]["ours"], 1) for build, costs in builds.items()}
-               for key in builds["general"]}
+    figures = {key: {build: costs[key]["ours"] for build, costs in builds.items()} for key in builds["general"]}
     for key, row in read_table(HERE / "goals.tsv", 3).items():
         if row["general"] and key[:2] not in figures:
             sys.exit(f"goals.tsv: nothing measures {', '.join(key[:2])}")
