@@ -164,9 +164,4 @@ STRLIB_CONTEST_AS(worstSearch, TQANSI_strstr, nothing, plain::passOver, glibc_st
 STRLIB_CONTEST_AS(worstFoldedSearch, TQ_stristr, nothing, plain::passOver, glibc_strcasestr, newlib_strcasestr);
 STRLIB_CONTEST_AS(worstLine, X_TAMBRO_gets, nothing, plain::passOverLine);
 
-#undef STRLIB_PEER
-#undef STRLIB_CONTEST_AS
-#undef STRLIB_CONTEST
-#undef STRLIB_CONTEST_WITH
-
 #endif

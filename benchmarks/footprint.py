@@ -8,17 +8,10 @@ from pathlib import Path
 
 from pages import HERE, excesses, line, output_of, read_table, version_of, write_page, write_table
 
-BUILDS = {  # Each with its title and its limit of code. Vector code is longer; what a compiler split up is, too.
-    "O2": ("`-O2`", 12288),
-    "Os": ("`-Os`", 9504),
-    "neon": ("NEON `-O2`", 14336),
-    "strict": ("`-O2 -mno-unaligned-access`", 13312),
-    "strict-neon": ("NEON `-O2 -mno-unaligned-access`", 15360),
-    "small": ("the small profile for boot loaders: `-Os -DSTRLIB_BLOCK_BYTE`", 5500),
-}
-KINDS = ("code", "stack")
-DETAILED = {f"{build} {kind}": f"{BUILDS[build][0]} {kind}" for build in ("O2", "Os", "neon") for kind in KINDS}
-CEILINGS = HERE / "footprint" / "ceilings.tsv"
+TABLES = HERE / "footprint"
+BUILDS = {build: row for (build,), row in read_table(TABLES / "builds.tsv", 1).items()}
+DETAILED = {f"{build} {kind}": f"{BUILDS[build]['title']} {kind}"
+            for build in ("O2", "Os", "neon") for kind in ("code", "stack")}
 SHARED, CONSTANTS, TOTAL = ("shared helpers",), ("constant data",), ("total",)
 DEEPEST_STACK = 512
 PREFIX = "arm-linux-gnueabihf-"
@@ -130,7 +123,7 @@ def peer_sizes(archive):
 
 
 def document(rows):
-    peers = read_table(HERE / "footprint" / "peers.tsv", keys=1)
+    peers = read_table(TABLES / "peers.tsv", 1)
     sizes = {"newlib": peer_sizes(NEWLIB), "glibc": peer_sizes(GLIBC)}
     yield f"""# Footprint on ARMv7-A
 
@@ -152,9 +145,9 @@ Bytes of code and of stack; `script/footprint` writes this file.
 
 | | code | limit | stack | limit |
 |---|--:|--:|--:|--:|"""
-    for build, (title, limit) in BUILDS.items():
+    for build, row in BUILDS.items():
         code, stack = rows[TOTAL][f"{build} code"], rows[TOTAL][f"{build} stack"]
-        yield f"| {title} | {code} | {limit} | {stack} | {DEEPEST_STACK} |"
+        yield f"| {row['title']} | {code} | {row['limit']} | {stack} | {DEEPEST_STACK} |"
     heads = [*DETAILED.values(), "newlib code", "glibc code"]
     yield f"\n## Each routine\n\n| | {' | '.join(heads)} |\n|---|{'--:|' * len(heads)}"
     for key, row in rows.items():
@@ -174,11 +167,11 @@ def main(mode, tree):
     if mode == "--update":
         ceilings = {key: {column: size + max(8, size * 3 // 100) for column, size in row.items()}
                     for key, row in rows.items()}
-        write_table(CEILINGS, ["routine", *DETAILED], ceilings)
+        write_table(TABLES / "ceilings.tsv", ["routine", *DETAILED], ceilings)
     elif mode == "--check":
-        limits = {f"{build} code": limit for build, (_, limit) in BUILDS.items()}
+        limits = {f"{build} code": row["limit"] for build, row in BUILDS.items()}
         limits |= {f"{build} stack": DEEPEST_STACK for build in BUILDS}
-        problems = excesses(rows, read_table(CEILINGS, keys=1), "bytes")
+        problems = excesses(rows, read_table(TABLES / "ceilings.tsv", 1), "bytes")
         problems += excesses({("the whole library",): rows[TOTAL]}, {("the whole library",): limits}, "bytes")
         sys.exit("\n".join(problems) or 0)
     else:
