@@ -1,60 +1,80 @@
 #ifndef BENCHMARKS_CONTESTS_H
 #define BENCHMARKS_CONTESTS_H
 
-// The table of who takes part: our routine, those of the two C libraries, of which newlib's have a prefix in programs
-// that link both, and a plain loop.
+// The table of who takes part: our routine, a plain loop, and routines of the two C libraries, of which newlib's have a
+// prefix in programs that link both.
 
 #include <strlib.h>
 
 #include <cstddef>
 
-#include "contenders.h"
-#include "plain.h"
+// What a routine and its peers have in common: the result or something of it, what is stored, or neither.
+enum class Same { result, sign, truth, output, nothing };
+
+// The implementations of one routine; null where there is none. Those of the C libraries have their own signatures.
+template <auto ours, auto plain, auto glibc = nullptr, auto newlib = nullptr>
+struct Contest {
+    const char *routine;
+    Same same = Same::result;
+};
 
 #define STRLIB_PEER(result, name, ...)                          \
     extern "C" result glibc_##name(__VA_ARGS__) __asm__(#name); \
     extern "C" result newlib_##name(__VA_ARGS__) __asm__("newlib_" #name)
 
-#define STRLIB_CONTEST(routine, same, loop, result, name, ...)                                                \
-    STRLIB_PEER(result, name, __VA_ARGS__);                                                                   \
-    namespace contest {                                                                                       \
-    inline constexpr Contenders<::routine, glibc_##name, newlib_##name, plain::loop> routine{#routine, same}; \
-    }                                                                                                         \
+#define STRLIB_CONTEST_AS(name, routine, same, ...)                              \
+    namespace contest {                                                          \
+    inline constexpr Contest<::routine, __VA_ARGS__> name{#routine, Same::same}; \
+    }                                                                            \
     static_assert(true)
 
-STRLIB_CONTEST(TQANSI_strlen, Same::result, length, size_t, strlen, const char *);
-STRLIB_CONTEST(TQANSI_strcpy, Same::result, copy, char *, strcpy, char *, const char *);
-STRLIB_CONTEST(TQANSI_strcat, Same::result, append, char *, strcat, char *, const char *);
-STRLIB_CONTEST(TQANSI_strncat, Same::result, appendUpTo, char *, strncat, char *, const char *, size_t);
-STRLIB_CONTEST(TQ_strappend, Same::result, copyToEnd, char *, stpcpy, char *, const char *);
-STRLIB_CONTEST(TQANSI_memset, Same::result, fill, void *, memset, void *, int, size_t);
-STRLIB_CONTEST(TQANSI_strcmp, Same::sign, compare, int, strcmp, const char *, const char *);
-STRLIB_CONTEST(TQANSI_strncmp, Same::sign, compareUpTo, int, strncmp, const char *, const char *, size_t);
-STRLIB_CONTEST(TQANSI_stricmp, Same::sign, compareFolded, int, strcasecmp, const char *, const char *);
-STRLIB_CONTEST(TQANSI_strnicmp, Same::sign, compareFoldedUpTo, int, strncasecmp, const char *, const char *, size_t);
-STRLIB_CONTEST(TQANSI_memcmp, Same::sign, compareBytes, int, memcmp, const void *, const void *, size_t);
-STRLIB_CONTEST(TQANSI_strchr, Same::result, find, char *, strchr, const char *, int);
-STRLIB_CONTEST(TQANSI_strrchr, Same::result, findLast, char *, strrchr, const char *, int);
-STRLIB_CONTEST(TQANSI_memchr, Same::result, findByte, void *, memchr, const void *, int, size_t);
-STRLIB_CONTEST(TQANSI_strpbrk, Same::result, findAny, char *, strpbrk, const char *, const char *);
-STRLIB_CONTEST(TQANSI_strstr, Same::result, findString, char *, strstr, const char *, const char *);
-STRLIB_CONTEST(TQ_stristr, Same::result, findStringFolded, char *, strcasestr, const char *, const char *);
-STRLIB_CONTEST(TQANSI_toupper, Same::result, toUpper, int, toupper, int);
-STRLIB_CONTEST(TQANSI_isalpha, Same::truth, isLetter, int, isalpha, int);
-STRLIB_CONTEST(TQANSI_isdigit, Same::truth, isDigit, int, isdigit, int);
-STRLIB_CONTEST(TQANSI_atoi, Same::result, readInteger, int, atoi, const char *);
+// The plain loop has the name of the routine that it stands for.
+#define STRLIB_CONTEST(routine, same, ...) \
+    namespace plain {                      \
+    decltype(::routine) routine;           \
+    }                                      \
+    STRLIB_CONTEST_AS(routine, routine, same, plain::routine __VA_OPT__(, ) __VA_ARGS__)
 
-STRLIB_PEER(size_t, strspn, const char *, const char *);
-STRLIB_PEER(size_t, strcspn, const char *, const char *);
-STRLIB_PEER(void *, memcpy, void *, const void *, size_t);
-STRLIB_PEER(size_t, strnlen, const char *, size_t);
-STRLIB_PEER(int, snprintf, char *, size_t, const char *, ...);
-STRLIB_PEER(int, sscanf, const char *, const char *, ...);
+#define STRLIB_CONTEST_WITH(routine, same, result, name, ...) \
+    STRLIB_PEER(result, name, __VA_ARGS__);                   \
+    STRLIB_CONTEST(routine, same, glibc_##name, newlib_##name)
 
-#undef STRLIB_PEER
-#undef STRLIB_CONTEST
+STRLIB_CONTEST_WITH(TQANSI_strlen, result, size_t, strlen, const char *);
+STRLIB_CONTEST_WITH(TQANSI_strcpy, result, char *, strcpy, char *, const char *);
+STRLIB_CONTEST_WITH(TQANSI_strcat, result, char *, strcat, char *, const char *);
+STRLIB_CONTEST_WITH(TQANSI_strncat, result, char *, strncat, char *, const char *, size_t);
+STRLIB_CONTEST_WITH(TQ_strappend, result, char *, stpcpy, char *, const char *);
+STRLIB_CONTEST_WITH(TQANSI_memset, result, void *, memset, void *, int, size_t);
+STRLIB_CONTEST_WITH(TQANSI_strcmp, sign, int, strcmp, const char *, const char *);
+STRLIB_CONTEST_WITH(TQANSI_strncmp, sign, int, strncmp, const char *, const char *, size_t);
+STRLIB_CONTEST_WITH(TQANSI_stricmp, sign, int, strcasecmp, const char *, const char *);
+STRLIB_CONTEST_WITH(TQANSI_strnicmp, sign, int, strncasecmp, const char *, const char *, size_t);
+STRLIB_CONTEST_WITH(TQANSI_memcmp, sign, int, memcmp, const void *, const void *, size_t);
+STRLIB_CONTEST_WITH(TQANSI_strchr, result, char *, strchr, const char *, int);
+STRLIB_CONTEST_WITH(TQANSI_strrchr, result, char *, strrchr, const char *, int);
+STRLIB_CONTEST_WITH(TQANSI_memchr, result, void *, memchr, const void *, int, size_t);
+STRLIB_CONTEST_WITH(TQANSI_strpbrk, result, char *, strpbrk, const char *, const char *);
+STRLIB_CONTEST_WITH(TQANSI_strstr, result, char *, strstr, const char *, const char *);
+STRLIB_CONTEST_WITH(TQ_stristr, result, char *, strcasestr, const char *, const char *);
+STRLIB_CONTEST_WITH(TQANSI_toupper, result, int, toupper, int);
+STRLIB_CONTEST_WITH(TQANSI_isalpha, truth, int, isalpha, int);
+STRLIB_CONTEST_WITH(TQANSI_isdigit, truth, int, isdigit, int);
+STRLIB_CONTEST_WITH(TQANSI_atoi, result, int, atoi, const char *);
+
+STRLIB_CONTEST(customStricmp, sign);
+STRLIB_CONTEST(TQ_isAttribute, result);
+STRLIB_CONTEST(TQ_convertZstring, result);
+STRLIB_CONTEST(unicodeToUtf8, result);
+STRLIB_CONTEST(utf8ToUnicode, result);
+STRLIB_CONTEST(utf8ReadChar, result);
+STRLIB_CONTEST(TQANSI_strpbrkUTF8, result);
+STRLIB_CONTEST(string_operator_diff, result);
+STRLIB_CONTEST(string_operator_add, result);
 
 // What a caller of a C library writes where that has no routine of the kind. The cost includes these lines.
+
+STRLIB_PEER(size_t, strnlen, const char *, size_t);
+STRLIB_PEER(void *, memcpy, void *, const void *, size_t);
 
 template <auto measureUpTo, auto copy>
 char *boundedCopy(char *destination, const char *source, int32_t count) {
@@ -64,21 +84,11 @@ char *boundedCopy(char *destination, const char *source, int32_t count) {
     return destination;
 }
 
-template <auto spanOf, auto spanWithout>
-char *tokenBySpans(const char *string, const char *delimiters, char **end) {
-    char *const first = const_cast<char *>(string) + spanOf(string, delimiters);
-    if (*first == 0) return nullptr;
-    *end = first + spanWithout(first, delimiters);
-    return first;
-}
+STRLIB_CONTEST(TQANSI_strncpy, result, boundedCopy<glibc_strnlen, glibc_memcpy>,
+               boundedCopy<newlib_strnlen, newlib_memcpy>);
 
-template <auto spanOf, auto spanWithout>
-char *tokenLengthBySpans(const char *string, const char *delimiters, uint16_t *length) {
-    char *const first = const_cast<char *>(string) + spanOf(string, delimiters);
-    if (*first == 0) return nullptr;
-    *length = static_cast<uint16_t>(spanWithout(first, delimiters));
-    return first;
-}
+STRLIB_PEER(size_t, strspn, const char *, const char *);
+STRLIB_PEER(size_t, strcspn, const char *, const char *);
 
 template <auto spanOf>
 int32_t blankBySpan(const char *string) {
@@ -86,6 +96,24 @@ int32_t blankBySpan(const char *string) {
                                   18, 19, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32, 0};
     return string[spanOf(string, blanks)] == 0;
 }
+
+STRLIB_CONTEST(TQ_isBlankLine, result, blankBySpan<glibc_strspn>, blankBySpan<newlib_strspn>);
+
+inline void storeEnd(char **end, char *token, size_t length) { *end = token + length; }
+inline void storeEnd(uint16_t *stored, char *, size_t length) { *stored = static_cast<uint16_t>(length); }
+
+template <auto spanOf, auto spanWithout, class End>
+char *tokenBySpans(const char *string, const char *delimiters, End *end) {
+    char *const first = const_cast<char *>(string) + spanOf(string, delimiters);
+    if (*first == 0) return nullptr;
+    storeEnd(end, first, spanWithout(first, delimiters));
+    return first;
+}
+
+STRLIB_CONTEST(TQ_strtoken, result, tokenBySpans<glibc_strspn, glibc_strcspn, char *>,
+               tokenBySpans<newlib_strspn, newlib_strcspn, char *>);
+STRLIB_CONTEST(TQ_strtoklen, result, tokenBySpans<glibc_strspn, glibc_strcspn, uint16_t>,
+               tokenBySpans<newlib_strspn, newlib_strcspn, uint16_t>);
 
 // For lines of which only the last byte before the line feed may be a carriage return.
 template <auto find, auto copy>
@@ -97,6 +125,12 @@ int32_t lineByMemchr(char *destination, int32_t size, const char *source) {
     destination[stored] = 0;
     return index;
 }
+
+STRLIB_CONTEST(X_TAMBRO_gets, result, lineByMemchr<glibc_memchr, glibc_memcpy>,
+               lineByMemchr<newlib_memchr, newlib_memcpy>);
+
+STRLIB_PEER(int, snprintf, char *, size_t, const char *, ...);
+STRLIB_PEER(int, sscanf, const char *, const char *, ...);
 
 template <auto print>
 char *writeInteger(int32_t value, char *buffer, int32_t size, int32_t radix) {
@@ -114,49 +148,20 @@ int32_t scanThree(const char *input, const char *format, const intptr_t *argumen
     return scan(input, format, arguments[0], arguments[1], arguments[2]);
 }
 
-namespace contest {
-
-template <auto ours, auto loop>
-using WithoutLibrary = Contenders<ours, nullptr, nullptr, loop>;
-
-inline constexpr WithoutLibrary<::customStricmp, plain::collate> customStricmp{"customStricmp", Same::sign};
-inline constexpr WithoutLibrary<::TQ_isAttribute, plain::hasAttribute> TQ_isAttribute{"TQ_isAttribute"};
-inline constexpr WithoutLibrary<::TQ_convertZstring, plain::convert> TQ_convertZstring{"TQ_convertZstring"};
-inline constexpr WithoutLibrary<::unicodeToUtf8, plain::encode> unicodeToUtf8{"unicodeToUtf8"};
-inline constexpr WithoutLibrary<::utf8ToUnicode, plain::decode> utf8ToUnicode{"utf8ToUnicode"};
-inline constexpr WithoutLibrary<::utf8ReadChar, plain::readCharacter> utf8ReadChar{"utf8ReadChar"};
-inline constexpr WithoutLibrary<::TQANSI_strpbrkUTF8, plain::findAnyCharacter> TQANSI_strpbrkUTF8{"TQANSI_strpbrkUTF8"};
-inline constexpr WithoutLibrary<::string_operator_diff, plain::subtract> string_operator_diff{"string_operator_diff"};
-inline constexpr WithoutLibrary<::string_operator_add, plain::add> string_operator_add{"string_operator_add"};
-
-inline constexpr Contenders<::TQANSI_strncpy, boundedCopy<glibc_strnlen, glibc_memcpy>,
-                            boundedCopy<newlib_strnlen, newlib_memcpy>, plain::copyUpTo>
-    TQANSI_strncpy{"TQANSI_strncpy"};
-inline constexpr Contenders<::TQ_isBlankLine, blankBySpan<glibc_strspn>, blankBySpan<newlib_strspn>, plain::isBlank>
-    TQ_isBlankLine{"TQ_isBlankLine"};
-inline constexpr Contenders<::X_TAMBRO_gets, lineByMemchr<glibc_memchr, glibc_memcpy>,
-                            lineByMemchr<newlib_memchr, newlib_memcpy>, plain::readLine>
-    X_TAMBRO_gets{"X_TAMBRO_gets"};
-inline constexpr Contenders<::TQ_strtoken, tokenBySpans<glibc_strspn, glibc_strcspn>,
-                            tokenBySpans<newlib_strspn, newlib_strcspn>, plain::findToken>
-    TQ_strtoken{"TQ_strtoken"};
-inline constexpr Contenders<::TQ_strtoklen, tokenLengthBySpans<glibc_strspn, glibc_strcspn>,
-                            tokenLengthBySpans<newlib_strspn, newlib_strcspn>, plain::measureToken>
-    TQ_strtoklen{"TQ_strtoklen"};
-using Writers = Contenders<::TQANSI_itoa, writeInteger<glibc_snprintf>, writeInteger<newlib_snprintf>>;
-inline constexpr Writers decimal{"TQANSI_itoa"};
-inline constexpr Writers hexadecimal{"TQANSI_itoa", Same::nothing};  // "%X" takes the sign for a digit.
-inline constexpr Contenders<::TQ_sprintf, printThree<glibc_snprintf>, printThree<newlib_snprintf>> TQ_sprintf{
-    "TQ_sprintf", Same::output};
-inline constexpr Contenders<::TQ_sscanf, scanThree<glibc_sscanf>, scanThree<newlib_sscanf>> TQ_sscanf{"TQ_sscanf"};
+STRLIB_CONTEST_AS(decimal, TQANSI_itoa, result, nullptr, writeInteger<glibc_snprintf>, writeInteger<newlib_snprintf>);
+// "%X" takes the sign for a digit.
+STRLIB_CONTEST_AS(hexadecimal, TQANSI_itoa, nothing, nullptr, writeInteger<glibc_snprintf>,
+                  writeInteger<newlib_snprintf>);
+STRLIB_CONTEST_AS(TQ_sprintf, TQ_sprintf, output, nullptr, printThree<glibc_snprintf>, printThree<newlib_snprintf>);
+STRLIB_CONTEST_AS(TQ_sscanf, TQ_sscanf, result, nullptr, scanThree<glibc_sscanf>, scanThree<newlib_sscanf>);
 
 // On the worst inputs a plain loop only looks for the end.
-inline constexpr Contenders<::TQANSI_strstr, glibc_strstr, newlib_strstr, plain::passOver> worstSearch{"TQANSI_strstr",
-                                                                                                       Same::nothing};
-inline constexpr Contenders<::TQ_stristr, glibc_strcasestr, newlib_strcasestr, plain::passOver> worstFoldedSearch{
-    "TQ_stristr", Same::nothing};
-inline constexpr WithoutLibrary<::X_TAMBRO_gets, plain::passOverLine> worstLine{"X_TAMBRO_gets", Same::nothing};
-
-}  // namespace contest
+namespace plain {
+decltype(TQANSI_strstr) passOver;
+decltype(X_TAMBRO_gets) passOverLine;
+}  // namespace plain
+STRLIB_CONTEST_AS(worstSearch, TQANSI_strstr, nothing, plain::passOver, glibc_strstr, newlib_strstr);
+STRLIB_CONTEST_AS(worstFoldedSearch, TQ_stristr, nothing, plain::passOver, glibc_strcasestr, newlib_strcasestr);
+STRLIB_CONTEST_AS(worstLine, X_TAMBRO_gets, nothing, plain::passOverLine);
 
 #endif

@@ -1,16 +1,15 @@
-"""Estimates, with llvm-mca, the cycles of the loops that long texts are spent in: cycles.py TREE, where script/bench-armv7
-has built and counted. Prints a section of docs/speed-armv7.md.
+"""Estimates, with llvm-mca, the cycles of the loops that long texts are spent in.
 
-A loop is the code between a backward branch and its target that holds no other loop, with or without what a branch in it
-passes over. Of several in a routine and in what it calls, the one meant is known by the instructions that were counted:
-those of a turn, divided by those that each further byte of a text takes, are a power of two, the bytes of a turn."""
+A loop is the code between a backward branch and its target that holds no other loop, with or without what a branch in
+it passes over. Of several in a routine and in what it calls, the one meant is known by the instructions that were
+counted: those of a turn, divided by those that each further byte of a text takes, are a power of two, the bytes of a
+turn."""
 
-import csv
 import math
 import re
 import subprocess
-import sys
-from pathlib import Path
+
+from pages import line, output_of
 
 CORES = ("cortex-r52", "cortex-a57")
 PEERS = {"glibc": "{}", "newlib": "newlib_{}"}
@@ -23,35 +22,29 @@ ROUTINES = {  # with the peer's name, and what the names of the workloads of 256
 CHOSEN_AT_LOAD_TIME = {"memchr": "__memchr_neon"}
 
 
-def output_of(*command, **options):
-    return subprocess.run(command, capture_output=True, text=True, **options)
-
-
 def read_functions(program):
     """For each function its instructions, as pairs of address and text."""
     functions, current = {}, []
-    for line in output_of("arm-linux-gnueabihf-objdump", "-d", "--no-show-raw-insn", program).stdout.splitlines():
-        if head := re.match(r"[0-9a-f]+ <(.*)>:$", line):
+    for text in output_of("arm-linux-gnueabihf-objdump", "-d", "--no-show-raw-insn", program).splitlines():
+        if head := re.match(r"[0-9a-f]+ <(.*)>:$", text):
             current = functions.setdefault(head[1], [])
-        elif code := re.match(r"\s*([0-9a-f]+):\s+(.*?)\s*(?:[@;].*)?$", line):
+        elif code := re.match(r"\s*([0-9a-f]+):\s+(.*?)\s*(?:[@;].*)?$", text):
             current.append((int(code[1], 16), code[2].replace("\t", " ")))
     starts = {code[0][0]: code for code in functions.values() if code}
-    for line in output_of("arm-linux-gnueabihf-nm", program).stdout.splitlines():  # Listings give one name of several.
-        if symbol := re.match(r"([0-9a-f]+) [TtWi] (.*)", line):
+    for text in output_of("arm-linux-gnueabihf-nm", program).splitlines():  # Listings give one name of several.
+        if symbol := re.match(r"([0-9a-f]+) [TtWi] (.*)", text):
             functions.setdefault(symbol[2], starts.get(int(symbol[1], 16) & ~1, []))
     return functions
 
 
 def reachable(functions, start):
     """A function and what it calls or ends in."""
-    found, waiting = [], [start]
-    while waiting:
-        name = waiting.pop()
-        if name in functions and name not in found:
-            found.append(name)
-            for _, text in functions[name]:
-                if call := re.match(r"(?:b|bl|blx)(?:\.\w)? [0-9a-f]+ <([^+>]*)>", text):
-                    waiting.append(call[1])
+    found = [start]
+    for name in found:
+        for _, text in functions[name]:
+            call = re.match(r"(?:b|bl|blx)(?:\.\w)? [0-9a-f]+ <([^+>]*)>", text)
+            if call and call[1] in functions and call[1] not in found:
+                found.append(call[1])
     return found
 
 
@@ -81,7 +74,7 @@ def hot_loop(functions, symbol, instructions_per_byte):
 
 
 def in_arm_state(text):
-    """The same instruction in the other instruction set: llvm-mca fails on some of Thumb, and on its condition blocks."""
+    """The same instruction in the other instruction set: llvm-mca fails on some of Thumb, and on blocks of conditions."""
     text = re.sub(r"^(\w+(?:\.[ifsu]?\d+)?)\.[wn] ", r"\1 ", re.sub(r"\b[0-9a-f]+ <.*>$", "turn", text))
     if branch := re.match(r"cb(n?)z (\w+), turn", text):
         return [f"cmp {branch[2]}, #0", "bne turn" if branch[1] else "beq turn"]
@@ -102,40 +95,33 @@ def with_even_pairs(code):
 def cycles(loop, core):
     """The cycles of one turn among many; nothing if the model of the core lacks an instruction."""
     code = with_even_pairs("\n".join(["turn:", *(line for text in loop for line in in_arm_state(text)), ""]))
-    result = output_of("llvm-mca", "-mtriple=armv8-none-eabihf", f"-mcpu={core}", "-iterations=1000", input=code)
+    result = subprocess.run(["llvm-mca", "-mtriple=armv8-none-eabihf", f"-mcpu={core}", "-iterations=1000"],
+                            input=code, capture_output=True, text=True, check=False)
     total = re.search(r"Total Cycles:\s+(\d+)", result.stdout)
     return int(total[1]) / 1000 if total and "error" not in result.stderr else None
 
 
-def rows(tree, build):
-    functions, counts, empty = read_functions(tree / build / "bench"), {}, 0
-    with open(tree / f"{build}.tsv", newline="", encoding="utf-8") as file:
-        for routine, workload, name, calls, count in csv.reader(file, delimiter="\t"):
-            empty = int(count) if name == "empty" else empty
-            counts[routine, workload, name] = (int(count) - empty) / int(calls)
-    for routine, (peer, ending) in ROUTINES.items():
-        cells = []
-        for name, pattern in {"ours": routine, **PEERS}.items():
-            symbol = CHOSEN_AT_LOAD_TIME.get(pattern.format(peer), pattern.format(peer))
-            per_byte = (counts[routine, f"4096{ending}", name] - counts[routine, f"256{ending}", name]) / 3840
-            size, loop = hot_loop(functions, symbol, per_byte)
-            estimates = [cycles(loop, core) if loop else None for core in CORES]
-            cells += [f"{estimate / size:.2f}" if estimate else "" for estimate in estimates]
-        yield f"| `{routine}` | " + " | ".join(cells) + " |"
-
-
-def main(tree):
-    print(f"""## Cycles a byte
+def section(tree, builds):
+    """The section of the page on ARMv7-A: the builds with the instructions counted, and the tree with their programs."""
+    version = re.search(r"version (\S+)", output_of("llvm-mca", "--version"))[1]
+    yield f"""
+## Cycles a byte
 
 What instruction counts cannot see: how instructions wait for one another. `llvm-mca`
-{output_of("llvm-mca", "--version").stdout.split("version ")[1].split()[0]} estimates the cycles of the loop that long texts are spent in, for an in-order core (`-mcpu=cortex-r52`) and
+{version} estimates the cycles of the loop that long texts are spent in, for an in-order core (`-mcpu=cortex-r52`) and
 for one that is out of order (`-mcpu=cortex-a57`); it has no usable model of the Cortex-A7, A8 and A9. All data is taken
 to be in the nearest cache, all branches to be foreseen; texts that are compared or copied are aligned alike. Less is
-better. Empty where the time is not spent in one loop, or where the model lacks one of its instructions.""")
+better. Empty where the time is not spent in one loop, or where the model lacks one of its instructions."""
     heads = [f"{name}: {core.removeprefix('cortex-').upper()}" for name in ("ours", *PEERS) for core in CORES]
-    for build, title in (("general", "General registers"), ("neon", "NEON")):
-        print(f"\n### {title}\n\n| routine | {' | '.join(heads)} |\n|---|{'--:|' * len(heads)}")
-        print("\n".join(rows(tree, build)))
-
-
-main(Path(sys.argv[1]))
+    for title, (build, costs) in zip(("General registers", "NEON"), builds.items()):
+        yield f"\n### {title}\n\n| routine | {' | '.join(heads)} |\n|---|{'--:|' * len(heads)}"
+        functions = read_functions(tree / build / "bench")
+        for routine, (peer, ending) in ROUTINES.items():
+            cells = [f"`{routine}`"]
+            for name, pattern in {"ours": routine, **PEERS}.items():
+                symbol = CHOSEN_AT_LOAD_TIME.get(pattern.format(peer), pattern.format(peer))
+                per_byte = (costs[routine, f"4096{ending}"][name] - costs[routine, f"256{ending}"][name]) / 3840
+                size, loop = hot_loop(functions, symbol, per_byte)
+                estimates = [cycles(loop, core) if loop else None for core in CORES]
+                cells += [f"{estimate / size:.2f}" if estimate else "" for estimate in estimates]
+            yield line(cells)

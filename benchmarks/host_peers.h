@@ -13,13 +13,18 @@
 
 namespace host {
 
+template <class Call>
+struct Peer {
+    const char *name;
+    Call call;
+};
+
 inline const Peer memccpyThenEnd{"memccpy", [](char *destination, const char *source, int32_t count) {
-                                     if (memccpy(destination, source, 0, static_cast<size_t>(count)) == nullptr)
-                                         destination[count] = 0;
+                                     if (memccpy(destination, source, 0, count) == nullptr) destination[count] = 0;
                                      return destination;
                                  }};
 inline const Peer strncpyThenEnd{"strncpy", [](char *destination, const char *source, int32_t count) {
-                                     strncpy(destination, source, static_cast<size_t>(count))[count] = 0;
+                                     strncpy(destination, source, count)[count] = 0;
                                      return destination;
                                  }};
 inline const Peer strcasecmpAsCollation{
@@ -40,54 +45,54 @@ inline const Peer toChars{"to_chars", [](int32_t value, char *buffer, int32_t si
                           }};
 
 template <class... Values>
-int32_t formatted(char *destination, size_t size, fmt::string_view format, const Values &...values) {
+int32_t formatted(char *destination, uint32_t size, fmt::string_view format, const Values &...values) {
     const auto written = fmt::vformat_to_n(destination, size - 1, format, fmt::make_format_args(values...));
     *written.out = 0;
     return static_cast<int32_t>(written.size);
 }
 
+inline const Peer hexadecimal{"fmt", [](int32_t value, char *buffer, uint32_t size, int32_t) {
+                                  formatted(buffer, size, "{:X}", value < 0 ? 0 - static_cast<uint32_t>(value) : value);
+                                  return buffer;
+                              }};
+
+// What slots hold.
 inline const char *text(intptr_t slot) { return reinterpret_cast<const char *>(slot); }
 inline int32_t number(intptr_t slot) { return static_cast<int32_t>(slot); }
 inline char character(intptr_t slot) { return static_cast<char>(slot); }
 
-inline const Peer hexadecimal{"fmt", [](int32_t value, char *buffer, int32_t size, int32_t) {
-                                  const uint32_t bits = static_cast<uint32_t>(value);
-                                  formatted(buffer, static_cast<size_t>(size), "{:X}", value < 0 ? 0 - bits : bits);
-                                  return buffer;
-                              }};
-inline const Peer printFields{"fmt", [](char *destination, uint32_t size, const char *, const intptr_t *slots) {
-                                  return formatted(destination, size, "{}|{}|{}", number(slots[0]), text(slots[1]),
-                                                   character(slots[2]));
-                              }};
-inline const Peer printIntegers{"fmt", [](char *destination, uint32_t size, const char *, const intptr_t *slots) {
-                                    return formatted(destination, size, "{},{},{}", number(slots[0]), number(slots[1]),
-                                                     number(slots[2]));
-                                }};
-inline const Peer printSentence{"fmt", [](char *destination, uint32_t size, const char *, const intptr_t *slots) {
-                                    return formatted(destination, size,
-                                                     "The value {} of the sensor named {} is given in degrees {}.",
-                                                     number(slots[0]), text(slots[1]), character(slots[2]));
-                                }};
+template <auto first, auto second, auto third>
+auto printer(fmt::string_view format) {
+    return [=](char *destination, uint32_t size, const char *, const intptr_t *slots) {
+        return formatted(destination, size, format, first(slots[0]), second(slots[1]), third(slots[2]));
+    };
+}
 
-inline const uint8_t *bytesOf(const char *text) { return reinterpret_cast<const uint8_t *>(text); }
+inline const Peer printFields{"fmt", printer<number, text, character>("{}|{}|{}")};
+inline const Peer printIntegers{"fmt", printer<number, number, number>("{},{},{}")};
+inline const Peer printSentence{
+    "fmt", printer<number, text, character>("The value {} of the sensor named {} is given in degrees {}.")};
+
+inline int32_t decodeWhole(const char *input, int32_t *value) {
+    return static_cast<int32_t>(utf8proc_iterate(reinterpret_cast<const uint8_t *>(input), -1, value));
+}
 
 inline const Peer encode{"utf8proc", [](uint32_t codePoint, char *buffer) {
-                             auto *const bytes = reinterpret_cast<uint8_t *>(buffer);
-                             const auto length = utf8proc_encode_char(static_cast<int32_t>(codePoint), bytes);
+                             const auto length = utf8proc_encode_char(codePoint, reinterpret_cast<uint8_t *>(buffer));
                              buffer[length] = 0;
                              return static_cast<int32_t>(length);
                          }};
 inline const Peer decode{"utf8proc", [](const char *input, uint32_t *codePoint, int32_t *length) {
                              int32_t value = 0;
-                             *length = static_cast<int32_t>(utf8proc_iterate(bytesOf(input), -1, &value));
-                             *codePoint = static_cast<uint32_t>(value);
+                             *length = decodeWhole(input, &value);
+                             *codePoint = value;
                              return const_cast<char *>(input) + *length;
                          }};
 inline const Peer readCharacter{"utf8proc", [](const char *input, int32_t *valid, char *character) {
                                     int32_t value = 0;
-                                    const auto length = utf8proc_iterate(bytesOf(input), -1, &value);
+                                    const int32_t length = decodeWhole(input, &value);
                                     *valid = length > 0;
-                                    memcpy(character, input, static_cast<size_t>(length));
+                                    memcpy(character, input, length);
                                     character[length] = 0;
                                     return const_cast<char *>(input) + length;
                                 }};

@@ -21,30 +21,18 @@ void qemu_plugin_register_vcpu_tb_exec_inline(qemu_plugin_tb *block, int addOper
 size_t qemu_plugin_tb_n_insns(const qemu_plugin_tb *block);
 
 __attribute__((visibility("default"))) int qemu_plugin_version = 1;
-__attribute__((visibility("default"))) int qemu_plugin_install(uint64_t plugin, const qemu_info_t *, int, char **);
-}
 
-namespace {
-
-constexpr int64_t armGetppid = 64;
-uint64_t executed = 0;
-uint64_t executedAtStart = 0;
-
-void countBlock(uint64_t, qemu_plugin_tb *block) {
-    qemu_plugin_register_vcpu_tb_exec_inline(block, 0, &executed, qemu_plugin_tb_n_insns(block));
-}
-
-void markOrReport(uint64_t, unsigned, int64_t number, uint64_t first, uint64_t, uint64_t, uint64_t, uint64_t, uint64_t,
-                  uint64_t, uint64_t) {
-    if (number != armGetppid) return;
-    if (first == 0) executedAtStart = executed;
-    if (first == 1) dprintf(1, "%" PRIu64 "\n", executed - executedAtStart);
-}
-
-}  // namespace
-
-int qemu_plugin_install(uint64_t plugin, const qemu_info_t *, int, char **) {
-    qemu_plugin_register_vcpu_tb_trans_cb(plugin, countBlock);
-    qemu_plugin_register_vcpu_syscall_cb(plugin, markOrReport);
+__attribute__((visibility("default"))) int qemu_plugin_install(uint64_t plugin, const qemu_info_t *, int, char **) {
+    static constexpr int64_t armGetppid = 64;
+    static uint64_t executed = 0;
+    static uint64_t executedAtStart = 0;
+    qemu_plugin_register_vcpu_tb_trans_cb(plugin, [](uint64_t, qemu_plugin_tb *block) {
+        qemu_plugin_register_vcpu_tb_exec_inline(block, 0, &executed, qemu_plugin_tb_n_insns(block));
+    });
+    qemu_plugin_register_vcpu_syscall_cb(plugin, [](uint64_t, unsigned, int64_t number, uint64_t first, auto...) {
+        if (number == armGetppid && first == 0) executedAtStart = executed;
+        if (number == armGetppid && first == 1) dprintf(1, "%" PRIu64 "\n", executed - executedAtStart);
+    });
     return 0;
+}
 }

@@ -1,6 +1,4 @@
-#include "plain.h"
-
-#include <stddef.h>
+#include "contests.h"
 
 namespace plain {
 
@@ -8,10 +6,11 @@ namespace {
 
 using SignedByte = signed char;
 
-int32_t exact(char byte) { return static_cast<SignedByte>(byte); }
+bool isWithin(int32_t value, int32_t first, int32_t last) { return value >= first && value <= last; }
 
+int32_t exact(char byte) { return static_cast<SignedByte>(byte); }
 int32_t folded(char byte) {
-    const int32_t value = static_cast<SignedByte>(byte);
+    const int32_t value = exact(byte);
     return value >= 'A' && value <= 'Z' ? value + 32 : value;
 }
 
@@ -21,15 +20,10 @@ bool isIn(char byte, const char *set) {
     return false;
 }
 
-template <int32_t (*key)(char)>
-int32_t compareBy(const char *first, const char *second) {
-    while (*first != 0 && key(*first) == key(*second)) ++first, ++second;
-    return key(*first) - key(*second);
-}
-
-template <int32_t (*key)(char)>
-int32_t compareUpToBy(const char *first, const char *second, int32_t count) {
-    for (; count > 0; --count, ++first, ++second)
+// Of so many bytes at most, where a count is given.
+template <int32_t (*key)(char), class... Count>
+int32_t compareBy(const char *first, const char *second, Count... left) {
+    for (; (... && (left > 0)); (..., --left), ++first, ++second)
         if (*first == 0 || key(*first) != key(*second)) return key(*first) - key(*second);
     return 0;
 }
@@ -60,56 +54,56 @@ int32_t sequenceLength(uint8_t lead) {
 
 }  // namespace
 
-int32_t length(const char *string) {
+int32_t TQANSI_strlen(const char *string) {
     int32_t count = 0;
     while (string[count] != 0) ++count;
     return count;
 }
 
-char *copy(char *destination, const char *source) {
-    copyToEnd(destination, source);
+char *TQANSI_strcpy(char *destination, const char *source) {
+    TQ_strappend(destination, source);
     return destination;
 }
 
-char *copyUpTo(char *destination, const char *source, int32_t count) {
+char *TQANSI_strncpy(char *destination, const char *source, int32_t count) {
     int32_t index = 0;
     for (; index < count && source[index] != 0; ++index) destination[index] = source[index];
     destination[index] = 0;
     return destination;
 }
 
-char *append(char *destination, const char *source) {
-    copyToEnd(destination + length(destination), source);
+char *TQANSI_strcat(char *destination, const char *source) {
+    TQ_strappend(destination + TQANSI_strlen(destination), source);
     return destination;
 }
 
-char *appendUpTo(char *destination, const char *source, int32_t count) {
-    copyUpTo(destination + length(destination), source, count);
+char *TQANSI_strncat(char *destination, const char *source, int32_t count) {
+    TQANSI_strncpy(destination + TQANSI_strlen(destination), source, count);
     return destination;
 }
 
-char *copyToEnd(char *destination, const char *source) {
+char *TQ_strappend(char *destination, const char *source) {
     while ((*destination = *source) != 0) ++destination, ++source;
     return destination;
 }
 
-void *fill(void *destination, int32_t byte, uint32_t count) {
+void *TQANSI_memset(void *destination, int32_t byte, uint32_t count) {
     uint8_t *const bytes = static_cast<uint8_t *>(destination);
     for (uint32_t index = 0; index < count; ++index) bytes[index] = static_cast<uint8_t>(byte);
     return destination;
 }
 
-int32_t compare(const char *first, const char *second) { return compareBy<exact>(first, second); }
-int32_t compareFolded(const char *first, const char *second) { return compareBy<folded>(first, second); }
+int32_t TQANSI_strcmp(const char *first, const char *second) { return compareBy<exact>(first, second); }
+int32_t TQANSI_stricmp(const char *first, const char *second) { return compareBy<folded>(first, second); }
 
-int32_t compareUpTo(const char *first, const char *second, int32_t count) {
-    return compareUpToBy<exact>(first, second, count);
+int32_t TQANSI_strncmp(const char *first, const char *second, int32_t count) {
+    return compareBy<exact>(first, second, count);
 }
-int32_t compareFoldedUpTo(const char *first, const char *second, int32_t count) {
-    return compareUpToBy<folded>(first, second, count);
+int32_t TQANSI_strnicmp(const char *first, const char *second, int32_t count) {
+    return compareBy<folded>(first, second, count);
 }
 
-int32_t collate(const char *first, const char *second, const uint8_t *collation) {
+int32_t customStricmp(const char *first, const char *second, const uint8_t *collation) {
     for (;; ++first, ++second) {
         const int32_t one = static_cast<SignedByte>(collation[static_cast<uint8_t>(*first)]);
         const int32_t other = static_cast<SignedByte>(collation[static_cast<uint8_t>(*second)]);
@@ -117,7 +111,7 @@ int32_t collate(const char *first, const char *second, const uint8_t *collation)
     }
 }
 
-int32_t compareBytes(const void *first, const void *second, uint32_t count) {
+int32_t TQANSI_memcmp(const void *first, const void *second, uint32_t count) {
     const uint8_t *const one = static_cast<const uint8_t *>(first);
     const uint8_t *const other = static_cast<const uint8_t *>(second);
     for (uint32_t index = 0; index < count; ++index)
@@ -125,63 +119,57 @@ int32_t compareBytes(const void *first, const void *second, uint32_t count) {
     return 0;
 }
 
-char *find(const char *string, int32_t byte) {
+char *TQANSI_strchr(const char *string, int32_t byte) {
     for (; *string != 0; ++string)
         if (static_cast<uint8_t>(*string) == static_cast<uint8_t>(byte)) return writable(string);
     return nullptr;
 }
 
-char *findLast(const char *string, int32_t byte) {
+char *TQANSI_strrchr(const char *string, int32_t byte) {
     const char *last = nullptr;
     for (; *string != 0; ++string)
         if (static_cast<uint8_t>(*string) == static_cast<uint8_t>(byte)) last = string;
     return writable(last);
 }
 
-void *findByte(const void *range, int32_t byte, uint32_t count) {
+void *TQANSI_memchr(const void *range, int32_t byte, uint32_t count) {
     const uint8_t *const bytes = static_cast<const uint8_t *>(range);
     for (uint32_t index = 0; index < count; ++index)
         if (bytes[index] == static_cast<uint8_t>(byte)) return const_cast<uint8_t *>(bytes + index);
     return nullptr;
 }
 
-char *findAny(const char *string, const char *set) {
+char *TQANSI_strpbrk(const char *string, const char *set) {
     for (; *string != 0; ++string)
         if (isIn(*string, set)) return writable(string);
     return nullptr;
 }
 
-char *findString(const char *string, const char *substring) { return findStringBy<exact>(string, substring); }
-char *findStringFolded(const char *string, const char *substring) { return findStringBy<folded>(string, substring); }
+char *TQANSI_strstr(const char *string, const char *substring) { return findStringBy<exact>(string, substring); }
+char *TQ_stristr(const char *string, const char *substring) { return findStringBy<folded>(string, substring); }
 
-int32_t toUpper(int32_t character) { return character >= 'a' && character <= 'z' ? character - 32 : character; }
-
-int32_t isLetter(int32_t character) {
-    const int32_t byte = character & 0xFF;
-    return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
+int32_t TQANSI_toupper(int32_t character) { return isWithin(character, 'a', 'z') ? character - 32 : character; }
+int32_t TQANSI_isdigit(int32_t character) { return isWithin(character & 0xFF, '0', '9'); }
+int32_t TQANSI_isalpha(int32_t character) {
+    return isWithin(character & 0xFF, 'A', 'Z') || isWithin(character & 0xFF, 'a', 'z');
 }
 
-int32_t isDigit(int32_t character) {
-    const int32_t byte = character & 0xFF;
-    return byte >= '0' && byte <= '9';
-}
-
-int32_t isBlank(const char *string) {
+int32_t TQ_isBlankLine(const char *string) {
     for (; *string != 0; ++string)
         if (static_cast<uint8_t>(*string) > ' ') return 0;
     return 1;
 }
 
-int32_t hasAttribute(uint32_t mask, const uint8_t *attributes, int32_t byte) {
+int32_t TQ_isAttribute(uint32_t mask, const uint8_t *attributes, int32_t byte) {
     return (attributes[byte & 0xFF] & mask & 0xFF) != 0;
 }
 
-void convert(const uint8_t *conversion, char *string) {
+void TQ_convertZstring(const uint8_t *conversion, char *string) {
     for (; *string != 0; ++string) *string = static_cast<char>(conversion[static_cast<uint8_t>(*string)]);
 }
 
 // Decimal numbers only.
-int32_t readInteger(const char *text) {
+int32_t TQANSI_atoi(const char *text) {
     while (*text == ' ' || (*text >= '\t' && *text <= '\r')) ++text;
     const bool isNegative = *text == '-';
     if (isNegative) ++text;
@@ -190,7 +178,7 @@ int32_t readInteger(const char *text) {
     return static_cast<int32_t>(isNegative ? 0 - value : value);
 }
 
-int32_t readLine(char *destination, int32_t size, const char *source) {
+int32_t X_TAMBRO_gets(char *destination, int32_t size, const char *source) {
     int32_t index = 0;
     int32_t stored = 0;
     for (; stored < size && source[index] != '\n' && source[index] != 0; ++index)
@@ -199,7 +187,7 @@ int32_t readLine(char *destination, int32_t size, const char *source) {
     return index;
 }
 
-char *findToken(const char *string, const char *delimiters, char **end) {
+char *TQ_strtoken(const char *string, const char *delimiters, char **end) {
     while (*string != 0 && isIn(*string, delimiters)) ++string;
     if (*string == 0) return nullptr;
     const char *const first = string;
@@ -208,14 +196,14 @@ char *findToken(const char *string, const char *delimiters, char **end) {
     return writable(first);
 }
 
-char *measureToken(const char *string, const char *delimiters, uint16_t *length) {
+char *TQ_strtoklen(const char *string, const char *delimiters, uint16_t *length) {
     char *end = nullptr;
-    char *const first = findToken(string, delimiters, &end);
+    char *const first = TQ_strtoken(string, delimiters, &end);
     if (first != nullptr) *length = static_cast<uint16_t>(end - first);
     return first;
 }
 
-int32_t encode(uint32_t codePoint, char *buffer) {
+int32_t unicodeToUtf8(uint32_t codePoint, char *buffer) {
     static const uint8_t leads[] = {0, 0, 0xC0, 0xE0, 0xF0, 0xF8, 0xFC};
     int32_t length = 1;
     while (length < 6 && codePoint >= (length == 1 ? 0x80U : 1U << (5 * length + 1))) ++length;
@@ -226,7 +214,7 @@ int32_t encode(uint32_t codePoint, char *buffer) {
     return length;
 }
 
-char *decode(const char *input, uint32_t *codePoint, int32_t *length) {
+char *utf8ToUnicode(const char *input, uint32_t *codePoint, int32_t *length) {
     const uint8_t lead = static_cast<uint8_t>(*input);
     const int32_t size = sequenceLength(lead);
     *length = 0;
@@ -241,7 +229,7 @@ char *decode(const char *input, uint32_t *codePoint, int32_t *length) {
     return writable(input + size);
 }
 
-char *readCharacter(const char *input, int32_t *valid, char *character) {
+char *utf8ReadChar(const char *input, int32_t *valid, char *character) {
     const int32_t size = sequenceLength(static_cast<uint8_t>(*input));
     *valid = 0;
     character[0] = 0;
@@ -256,8 +244,8 @@ char *readCharacter(const char *input, int32_t *valid, char *character) {
     return writable(*input == 0 ? input : input + size);
 }
 
-char *findAnyCharacter(const char *string, const char *set) {
-    for (; *string != 0; ++string) {
+char *TQANSI_strpbrkUTF8(const char *string, const char *set) {
+    for (; *string != 0; ++string)
         for (const char *member = set; *member != 0;) {
             const int32_t size = sequenceLength(static_cast<uint8_t>(*member));
             int32_t index = 0;
@@ -265,13 +253,12 @@ char *findAnyCharacter(const char *string, const char *set) {
             if (index == size) return writable(string);
             member += size;
         }
-    }
     return nullptr;
 }
 
-int32_t subtract(const char *first, const char *second) {
-    const char *firstEnd = first + length(first);
-    const char *secondEnd = second + length(second);
+int32_t string_operator_diff(const char *first, const char *second) {
+    const char *firstEnd = first + TQANSI_strlen(first);
+    const char *secondEnd = second + TQANSI_strlen(second);
     uint32_t difference = 0;
     for (uint32_t shift = 0; shift < 32; shift += 8) {
         const int32_t one = firstEnd > first ? static_cast<SignedByte>(*--firstEnd) : 0;
@@ -282,9 +269,9 @@ int32_t subtract(const char *first, const char *second) {
 }
 
 // For sources of four bytes and more.
-char *add(char *destination, const char *source, int32_t addend) {
-    const int32_t size = length(source);
-    copy(destination, source);
+char *string_operator_add(char *destination, const char *source, int32_t addend) {
+    const int32_t size = TQANSI_strlen(source);
+    TQANSI_strcpy(destination, source);
     for (int32_t index = size; index > 0 && addend != 0 && addend != -1; addend >>= 8) {
         --index;
         destination[index] = static_cast<char>(destination[index] + addend);
@@ -292,8 +279,8 @@ char *add(char *destination, const char *source, int32_t addend) {
     return destination;
 }
 
-char *passOver(const char *string, const char *) { return writable(string + length(string)); }
+char *passOver(const char *string, const char *) { return writable(string + TQANSI_strlen(string)); }
 
-int32_t passOverLine(char *, int32_t, const char *source) { return length(source); }
+int32_t passOverLine(char *, int32_t, const char *source) { return TQANSI_strlen(source); }
 
 }  // namespace plain

@@ -1,47 +1,41 @@
-"""Turns measurements into the pages on speed: report.py armv7 MODE GENERAL.tsv NEON.tsv CYCLES.md, or report.py x86-64
-MODE DEFAULT.json BASELINE.json. MODE is --write, --print=REGULAR_EXPRESSION, and on ARM --check or --update. Prints what a
-board has counted: report.py board REGULAR_EXPRESSION BOARD.tsv."""
+"""Turns measurements into the pages on speed, or prints them.
 
-import csv
+MODE is --write or --print=REGULAR_EXPRESSION, on ARM also --check or --update. TREE is where script/bench-armv7 has built
+and counted; a board's table is what it has written."""
+
 import json
 import re
 import subprocess
 import sys
 from pathlib import Path
 
-HERE = Path(__file__).parent
-DOCS = HERE.parent / "docs"
+import cycles
+from pages import DOCS, HERE, excesses, line, output_of, read_rows, read_table, version_of, write_page, write_table
+
+USAGE = "usage: report.py armv7 MODE TREE | x86-64 MODE DEFAULT.json BASELINE.json | board REGULAR_EXPRESSION TABLE"
 CEILINGS = HERE / "ceilings.tsv"
 TOLERANCE = 1.05
 CALL_AND_RETURN = 2
-TITLES = {
-    "general": "General registers: `-march=armv7-a+fp`", "neon": "NEON: `-march=armv7-a+simd -mfpu=neon`",
-    "default": "The default build", "baseline": "The baseline: `-DSTRLIB_X86_64_CHOICE=OFF`"}
 WORST = "worst: "
-
-
-def read_table(path):
-    with open(path, newline="", encoding="utf-8") as file:
-        return list(csv.DictReader(file, delimiter="\t"))
 
 
 def read_counts(path):
     """The instructions a call, by routine and workload, then by implementation."""
     costs, empty = {}, 0
-    with open(path, newline="", encoding="utf-8") as file:
-        for routine, workload, implementation, calls, *count in csv.reader(file, delimiter="\t"):
-            if not count:
-                sys.exit(f"{path}: {routine} was not counted; does this qemu-arm take plugins?")
-            if implementation == "empty":
-                empty = int(count[0])
-            else:
-                cost = (int(count[0]) - empty) / int(calls) + CALL_AND_RETURN
-                costs.setdefault((routine, workload), {})[implementation] = cost
+    for row in read_rows(path):
+        if len(row) != 5 or not row[4].isdigit():
+            sys.exit(f"{path}: {row[0]} was not counted; does this qemu-arm take plugins?")
+        routine, workload, implementation, calls, count = row
+        if implementation == "empty":
+            empty = int(count)
+        else:
+            cost = (int(count) - empty) / int(calls) + CALL_AND_RETURN
+            costs.setdefault((routine, workload), {})[implementation] = cost
     return costs
 
 
 def read_times(path):
-    """The fastest ns a call, by routine and workload, then by implementation."""
+    """The fastest ns a call, by routine and workload, then by implementation, and what was compared."""
     with open(path, encoding="utf-8") as file:
         results = json.load(file)
     costs = {}
@@ -49,7 +43,7 @@ def read_times(path):
         if run.get("aggregate_name") == "fastest":
             routine, workload, implementation = run["run_name"].split("/", 2)
             costs.setdefault((routine, workload), {})[implementation] = run["cpu_time"] / run["calls"]
-    return results["context"], {key: cost for key, cost in costs.items() if "ours" in cost and len(cost) > 1}
+    return {key: cost for key, cost in costs.items() if "ours" in cost and len(cost) > 1}, results["context"]
 
 
 def by_routine(costs):
@@ -69,72 +63,58 @@ def ratio(cost, wanted="library"):
     return cost[best_peer(cost, wanted)] / cost["ours"]
 
 
-class Goals:
-    """What the ratio is to reach in one build. The worst inputs have one in common: so many times a plain loop."""
-
-    def __init__(self, build, costs):
-        self.build, self.costs, self.rows = build, costs, {}
-        for row in read_table(HERE / "goals.tsv"):
-            key = row["routine"], row["workload"]
-            if row.get(build) and key in costs:
-                self.rows[key] = row["peer"], float(row[build])
-        for key in costs:
-            if key[1].startswith(WORST):
-                self.rows[key] = "plain", 0.125 if key[0] == "TQ_stristr" else 0.25
-
-    def peer(self, key):
-        return self.rows.get(key, ("library", 0))[0]
-
-    def is_met(self, key):
-        return round(ratio(self.costs[key], self.peer(key)), 2) >= self.rows[key][1]
-
-    def cells(self, key):
-        if key not in self.rows:
-            return ["", ""]
-        value, goal = ratio(self.costs[key], self.peer(key)), self.rows[key][1]
-        return [f"{goal:g}", "goal met" if self.is_met(key) else f"{int(100 * value / goal)} % of it"]
-
-    def summary(self):
-        """How many goals are met, and why others are not."""
-        missed = [key for key in self.rows if not self.is_met(key)]
-        known = {(row["routine"], row["workload"]): row["reason"]
-                 for row in read_table(HERE / "reasons.tsv") if self.build in row["builds"].split()}
-        yield f"{len(self.rows) - len(missed)} of {len(self.rows)} goals are met."
-        if missed:
-            yield from ["", "| falls short | workload | reached | why |", "|---|---|--:|---|"]
-        for key in missed:
-            yield line([f"`{key[0]}`", key[1], self.cells(key)[1], known.get(key, "")])
+def goals_of(build, costs):
+    """The peer and the ratio to reach. The worst inputs have one in common: so many times a plain loop."""
+    goals = {key[:2]: (key[2], float(row[build])) for key, row in read_table(HERE / "goals.tsv", 3).items()
+             if row.get(build) and key[:2] in costs}
+    worst = (key for key in costs if key[1].startswith(WORST))
+    return goals | {key: ("plain", 0.125 if key[0] == "TQ_stristr" else 0.25) for key in worst}
 
 
-def line(cells):
-    return "| " + " | ".join(cell.replace("|", "\\|") for cell in cells) + " |"
+def verdict(cost, peer, goal):
+    reached = ratio(cost, peer)
+    return "goal met" if round(reached, 2) >= goal else f"{int(100 * reached / goal)} % of it"
 
 
-def table(unit, builds, goals, columns):
+def summary(build, costs):
+    """How many goals are met, and why others are not."""
+    verdicts = {key: verdict(costs[key], *goal) for key, goal in goals_of(build, costs).items()}
+    missed = {key: text for key, text in verdicts.items() if text != "goal met"}
+    reasons = {key[:2]: row["reason"] for key, row in read_table(HERE / "reasons.tsv", 3).items()
+               if build in key[2].split()}
+    yield f"{len(verdicts) - len(missed)} of {len(verdicts)} goals are met."
+    if missed:
+        yield "\n| falls short | workload | reached | why |\n|---|---|--:|---|"
+    for key, text in missed.items():
+        yield line([f"`{key[0]}`", key[1], text, reasons.get(key, "")])
+
+
+def table(unit, builds, columns=()):
     """All workloads, with the goals of the first build; one group of columns for each build."""
+    first, *others = builds
     heads = ["routine", "workload"]
-    for number, build in enumerate(builds):
-        prefix = "" if number == 0 else f"{build}: "
+    for prefix in ("", *(f"{build}: " for build in others)):
         heads += [f"{prefix}ours, {unit}", *columns, "best peer", f"{prefix}peer / ours (more is better)"]
-        heads += ["goal", ""] if number == 0 else []
-    yield line(heads)
-    yield line(["---", "---"] + ["--:"] * (len(heads) - 2))
-    for key in by_routine(builds[next(iter(builds))]):
-        cells = [f"`{key[0]}`", key[1]]
-        for number, costs in enumerate(builds.values()):
+        heads += [] if prefix else ["goal", ""]
+    yield heads
+    goals = goals_of(first, builds[first])
+    for key in by_routine(builds[first]):
+        cells = [*key]
+        peer, goal = goals.get(key, ("library", None))
+        for build, costs in builds.items():
             cost = costs.get(key, {"ours": 0.0, "plain": 0.0})
-            peer = best_peer(cost, goals.peer(key))
+            best = best_peer(cost, peer)
             cells += [f"{cost['ours']:.1f}", *(f"{cost[name]:.1f}" if name in cost else "" for name in columns)]
-            cells += [peer, f"{cost[peer] / cost['ours']:.2f}" if cost["ours"] else ""]
-            cells += goals.cells(key) if number == 0 else []
-        yield line(cells)
+            cells += [best, f"{cost[best] / cost['ours']:.2f}" if cost["ours"] else ""]
+            if build == first:
+                cells += [f"{goal:g}", verdict(cost, peer, goal)] if goal else ["", ""]
+        yield cells
 
 
-def aligned(lines):
-    """A Markdown table as columns of text."""
-    rows = [[cell.strip(" `") for cell in re.split(r"(?<!\\)\|", line)[1:-1]] for line in lines if "---" not in line]
-    widths = [max(map(len, column)) for column in zip(*rows)]
-    return "\n".join("  ".join(cell.ljust(width) for cell, width in zip(row, widths)).rstrip() for row in rows)
+def markdown(rows):
+    heads, *rows = rows
+    rules = ["---", "---"] + ["--:"] * (len(heads) - 2)
+    return [line(heads), line(rules), *(line([f"`{routine}`", *cells]) for routine, *cells in rows)]
 
 
 def print_rows(pattern, unit, builds):
@@ -143,24 +123,19 @@ def print_rows(pattern, unit, builds):
         if not chosen:
             sys.exit(f"{build}: nothing matches {pattern}")
         print(f"{build}: {unit} a call, less is better; peer / ours above 1: ours is better")
-        print(aligned(list(table(unit, {build: chosen}, Goals(build, chosen), []))))
+        rows = list(table(unit, {build: chosen}))
+        widths = [max(map(len, column)) for column in zip(*rows)]
+        for row in rows:
+            print("  ".join(cell.ljust(width) for cell, width in zip(row, widths)).rstrip())
 
 
-def output_of(*command):
-    return subprocess.run(command, check=True, capture_output=True, text=True).stdout.splitlines()[0]
-
-
-def version_of(package):
-    return output_of("dpkg-query", "-W", "-f=${Version}\n", package)
-
-
-def armv7_document(builds, cycles):
+def armv7_document(tree, builds):
     yield f"""# Speed on ARMv7-A
 
 Instructions a call, counted exactly by an emulator: fewer are better. `script/bench-armv7` writes this file.
 
-- {output_of('arm-linux-gnueabihf-g++', '--version')}, `-O2 -mthumb`, hard float
-- {output_of('qemu-arm', '--version')}
+- {output_of('arm-linux-gnueabihf-g++', '--version').splitlines()[0]}, `-O2 -mthumb`, hard float
+- {output_of('qemu-arm', '--version').splitlines()[0]}
 - glibc {version_of('libc6-dev-armhf-cross')}, static
 - newlib {version_of('libnewlib-arm-none-eabi')}, `thumb/v7-a+fp/hard` and `thumb/v7-a+simd/hard`
 - The call and the return count, what the caller does before and after them does not. An instruction that its
@@ -175,15 +150,15 @@ Instructions a call, counted exactly by an emulator: fewer are better. `script/b
   `memcpy` for the bounded copy, `strspn` and `strcspn` for tokens and blanks, `memchr` and `memcpy` for lines,
   `snprintf` for `TQANSI_itoa`.
 - glibc chooses `memchr` and `memcpy` at run time and takes the NEON ones in both tables."""
-    for build, costs in builds.items():
-        goals = Goals(build, costs)
+    titles = "General registers: `-march=armv7-a+fp`", "NEON: `-march=armv7-a+simd -mfpu=neon`"
+    for title, (build, costs) in zip(titles, builds.items()):
         slower = [f"`{routine}` ({workload})" for (routine, workload), cost in costs.items()
                   if not workload.startswith(WORST) and cost["ours"] > 1.1 * cost.get("plain", cost["ours"])]
-        yield f"\n## {TITLES[build]}\n"
-        yield from goals.summary()
+        yield f"\n## {title}\n"
+        yield from summary(build, costs)
         yield f"\nMore than 10 % above the plain loop: {', '.join(slower) or 'nothing'}.\n"
-        yield from table("instructions", {build: costs}, goals, ["glibc", "newlib", "plain"])
-    yield "\n" + cycles.rstrip()
+        yield from markdown(table("instructions", {build: costs}, ["glibc", "newlib", "plain"]))
+    yield from cycles.section(tree, builds)
     yield """
 ## On your own board
 
@@ -198,9 +173,8 @@ Without flags the program is for a Cortex-A15 and runs in an emulator. That only
 nothing."""
 
 
-def x86_document(contexts, builds):
+def x86_document(builds, context):
     processor = re.search(r"model name\s*: (.*)", Path("/proc/cpuinfo").read_text(encoding="utf-8"))[1]
-    context, goals = contexts[0], Goals("default", builds["default"])
     yield f"""# Speed on x86-64
 
 Time a call: less is better. *peer / ours* is the time of what a user would call instead, divided by ours: above 1 ours
@@ -221,83 +195,64 @@ is faster, and more is better. `script/bench` writes this file.
 
 ![Ratios of each routine](speed.svg)
 """
-    yield from goals.summary()
+    yield from summary("default", builds["default"])
     yield ""
-    yield from table("ns", builds, goals, [])
+    yield from markdown(table("ns", builds))
 
 
-def draw(builds):
+def draw(default, baseline):
     """One row a routine, one point a workload."""
-    default, baseline = builds.values()
     keys = [key for key in by_routine(default) if key in baseline and not key[1].startswith(WORST)]
     routines = list(dict.fromkeys(routine for routine, _ in keys))
     data = ["$ratios << END"]
-    for routine, workload in keys:
-        values = [ratio(costs[routine, workload]) for costs in (default, baseline)]
-        short = not re.search(r"(^|\^)\d{2,}", workload)
-        data.append(f'{routines.index(routine)} "{routine}" {values[0]} {values[1]} {int(short)}')
+    for key in keys:
+        short = not re.search(r"(^|\^)\d{2,}", key[1])
+        data.append(f'{routines.index(key[0])} "{key[0]}" {ratio(default[key])} {ratio(baseline[key])} {int(short)}')
     data += ["END", f"output = '{DOCS / 'speed.svg'}'", f"routines = {len(routines)}", ""]
     script = (HERE / "speed.gnuplot").read_text(encoding="utf-8")
     subprocess.run(["gnuplot"], input="\n".join(data) + script, text=True, check=True)
 
 
-def update_ceilings(builds):
-    with open(CEILINGS, "w", newline="", encoding="utf-8") as file:
-        writer = csv.writer(file, delimiter="\t", lineterminator="\n")
-        writer.writerow(("routine", "workload", *builds))
-        for key in builds["general"]:
-            writer.writerow((*key, *(f"{costs[key]['ours']:.1f}" for costs in builds.values())))
-
-
-def excesses(builds):
-    """One line for each routine and build that passes a ceiling, naming its worst workload."""
-    ceilings = {(row["routine"], row["workload"]): row for row in read_table(CEILINGS)}
-    for key in builds["general"].keys() ^ ceilings.keys():
-        yield f"{key[0]}, {key[1]}: a measurement and a ceiling must both exist"
-    for build, costs in builds.items():
-        worst = {}
-        for key in costs.keys() & ceilings.keys():
-            measured, ceiling = costs[key]["ours"], float(ceilings[key][build])
-            entry = (measured / ceiling, key[1], measured, ceiling)
-            worst[key[0]] = max(worst.get(key[0], entry), entry)
-        for routine, (excess, workload, measured, ceiling) in sorted(worst.items()):
-            if excess > TOLERANCE:
-                yield f"{routine}, {build}, {workload}: {measured:.1f} instructions a call, ceiling {ceiling:.1f}"
-
-
-def write(name, lines):
-    DOCS.mkdir(exist_ok=True)
-    (DOCS / name).write_text("\n".join(lines) + "\n", encoding="utf-8")
-
-
-def report_armv7(mode, general, neon, cycles):
-    builds = {"general": read_counts(general), "neon": read_counts(neon)}
-    unknown = [row for row in read_table(HERE / "goals.tsv")
-               if row["general"] and (row["routine"], row["workload"]) not in builds["general"]]
-    if unknown:
-        sys.exit(f"goals.tsv: nothing measures {unknown[0]['routine']}, {unknown[0]['workload']}")
+def report_armv7(mode, tree):
+    builds = {build: read_counts(tree / f"{build}.tsv") for build in ("general", "neon")}
+    figures = {key: {build: costs[key]["ours"] for build, costs in builds.items()} for key in builds["general"]}
+    for key, row in read_table(HERE / "goals.tsv", 3).items():
+        if row["general"] and key[:2] not in figures:
+            sys.exit(f"goals.tsv: nothing measures {', '.join(key[:2])}")
     if mode == "--update":
-        update_ceilings(builds)
+        write_table(CEILINGS, ["routine", "workload", *builds], figures)
     elif mode == "--check":
-        sys.exit("\n".join(sorted(excesses(builds))) or 0)
+        problems = excesses(figures, read_table(CEILINGS, 2), "instructions a call", TOLERANCE)
+        sys.exit("\n".join(problems) or 0)
     elif mode == "--write":
-        write("speed-armv7.md", armv7_document(builds, Path(cycles).read_text(encoding="utf-8")))
+        write_page("speed-armv7.md", armv7_document(tree, builds))
     else:
         print_rows(mode.removeprefix("--print="), "instructions", builds)
 
 
 def report_x86(mode, *paths):
-    contexts, costs = zip(*map(read_times, paths))
+    costs, contexts = zip(*map(read_times, paths))
     builds = dict(zip(("default", "baseline"), costs))
     if mode == "--write":
-        write("speed.md", x86_document(contexts, builds))
-        draw(builds)
+        write_page("speed.md", x86_document(builds, contexts[0]))
+        draw(*costs)
     else:
         print_rows(mode.removeprefix("--print="), "ns", builds)
 
 
-def report_board(pattern, path):
-    print_rows(pattern, "cycles", {"board": read_counts(path)})
+def main(arguments):
+    match arguments:
+        case "armv7", mode, tree:
+            report_armv7(mode, Path(tree))
+        case "x86-64", mode, default, baseline:
+            report_x86(mode, default, baseline)
+        case "board", pattern, path:
+            print_rows(pattern, "cycles", {"board": read_counts(path)})
+        case _:
+            sys.exit(USAGE)
 
 
-{"armv7": report_armv7, "x86-64": report_x86, "board": report_board}[sys.argv[1]](*sys.argv[2:])
+try:
+    main(sys.argv[1:])
+except (OSError, re.error) as problem:
+    sys.exit(f"report.py: {problem}")

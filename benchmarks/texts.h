@@ -3,12 +3,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <cstring>
 #include <new>
 #include <random>
-#include <string>
-#include <vector>
 
 #include "meter.h"
 
@@ -43,9 +40,26 @@ inline char *place(const std::string &bytes, size_t alignment) {
     return at;
 }
 
-inline std::string letters(size_t length, uint32_t different = 26) {
+// Letters of so many, the first of them the most frequent if they are skewed.
+inline std::string letters(size_t length, uint32_t different = 26, bool areSkewed = false) {
     std::string text(length, ' ');
-    for (char &letter : text) letter = static_cast<char>('a' + below(different));
+    for (char &letter : text) letter = static_cast<char>('a' + below(areSkewed ? 1 + below(different) : different));
+    return text;
+}
+
+inline std::string repeated(const std::string &piece, size_t length) {
+    std::string text;
+    while (text.size() < length) text += piece;
+    return text;
+}
+
+// Random words, the first of them the most frequent.
+inline std::string prose(size_t length) {
+    std::vector<std::string> words;
+    for (int word = 0; word < 200; ++word) words.push_back(letters(1 + below(5) + below(5)));
+    std::string text;
+    while (text.size() < length) text += words[std::min(below(200), below(200))] + ' ';
+    text.resize(length);
     return text;
 }
 
@@ -75,44 +89,19 @@ inline std::vector<Sizes> allSizes() {
     return all;
 }
 
-struct Text {
-    char *at;
-    uint32_t length;
-};
-
 // Texts of small letters, changed by the function given before they are placed.
-template <class Change>
-std::vector<Text> makeTexts(const Sizes &sizes, const Change &change) {
-    std::vector<Text> texts;
+template <class Change = void (*)(std::string &)>
+Workload makeTexts(
+    const Sizes &sizes, const Change &change = [](std::string &) {}) {
+    Workload texts{sizes.workload};
     startPage(0);
-    for (size_t index = 0; index < sizes.lengths.size(); ++index) {
-        std::string bytes = letters(sizes.lengths[index]);
+    for (const size_t length : sizes.lengths) {
+        std::string bytes = letters(length);
         change(bytes);
-        texts.push_back({place(bytes, sizes.alignment(index, 0)), static_cast<uint32_t>(bytes.size())});
+        texts.cases.push_back(
+            {place(bytes, sizes.alignment(texts.cases.size(), 0)), nullptr, static_cast<uint32_t>(length)});
     }
     return texts;
-}
-
-inline std::vector<Text> makeTexts(const Sizes &sizes) {
-    return makeTexts(sizes, [](std::string &) {});
-}
-
-inline std::vector<char *> makeRooms(const Sizes &sizes, size_t extra) {
-    std::vector<char *> rooms;
-    startPage(2048);
-    for (size_t index = 0; index < sizes.lengths.size(); ++index)
-        rooms.push_back(room(sizes.lengths[index] + extra, sizes.alignment(index, 1)));
-    return rooms;
-}
-
-// Random words, the first of them the most frequent.
-inline std::string prose(size_t length) {
-    std::vector<std::string> words;
-    for (int word = 0; word < 200; ++word) words.push_back(letters(1 + below(5) + below(5)));
-    std::string text;
-    while (text.size() < length) text += words[std::min(below(200), below(200))] + ' ';
-    text.resize(length);
-    return text;
 }
 
 #endif
