@@ -26,7 +26,7 @@ static int32_t collated(const uint8_t *a, const uint8_t *b, const uint8_t *colla
 // that brings little, it is tried less and less often.
 [[gnu::noinline]] static int32_t collateOn(const uint8_t *a, const uint8_t *b, const uint8_t *collation) {
     const bool onlyNulEnds = measureUpTo(collation + 1, 255) == 255;
-    const bool mapsCasesAlike = compareRanges(&collation['A'], &collation['a'], 26) == 0;
+    const bool mapsCasesAlike = compareRanges(collation + size_t{'A'}, collation + size_t{'a'}, 26) == 0;
     for (size_t rows = 1;;) {
         if (onlyNulEnds) {
             const size_t count = mapsCasesAlike ? commonPrefix<Folded>(a, b) : commonPrefix<Exact>(a, b);

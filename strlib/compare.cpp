@@ -1,7 +1,6 @@
 #include <strlib.h>
 
 #include "core/compare.h"
-#include "core/scan.h"
 
 using namespace strlib;
 
