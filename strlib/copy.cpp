@@ -4,11 +4,6 @@
 
 using namespace strlib;
 
-int32_t TQANSI_strlen(const char *string) {
-    if (string == nullptr) return 0;
-    return static_cast<int32_t>(measure(bytesOf(string)));
-}
-
 // Copying stands here once, for the routines that copy and for those that add to a string.
 
 STRLIB_SHARED static uint8_t *copyWhole(char *destination, const char *source) {

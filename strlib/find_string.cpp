@@ -12,9 +12,9 @@ using namespace strlib;
 
 namespace {
 
-// Wasted comparisons allowed: four for each byte advanced, as if 64 bytes had been passed at the start. Trying a place
-// costs as much as some comparisons.
-constexpr size_t budgetPerByte = 4;
+// Wasted comparisons allowed for each byte advanced, as if 64 bytes had been passed at the start. Trying a place costs
+// as much as some comparisons. Where masks are cheap, the search in bounded time is soon the faster one.
+constexpr size_t budgetPerByte = block::maskBits == 1 ? 1 : 4;
 constexpr size_t budgetAtStart = 64;
 constexpr size_t costOfPlace = 8;
 
@@ -45,7 +45,7 @@ const uint8_t *findByScan(const uint8_t *text, const uint8_t *needle) {
 
 // Where masks are cheap, what is near is found by the first two bytes, with nothing prepared.
 constexpr bool findsNearByPair = block::maskBits == 1;
-constexpr size_t near = 512;
+constexpr size_t near = 256;
 
 template <class Mode>
 class PairFilter {

@@ -16,6 +16,10 @@ struct Marks {
     }
 };
 
+// Whether carriage returns in a row are passed one after the other, without a copy of nothing behind each. On ARM every
+// line would pay for that.
+constexpr bool passesRuns = block::maskBits == 1;
+
 [[gnu::noinline]] int32_t takeByBlocks(char *destination, int32_t size, const char *source) {
     const uint8_t *at = bytesOf(source);
     uint8_t *to = bytesOf(destination);
@@ -27,7 +31,10 @@ struct Marks {
         to = end;
         room -= count;
         if (room == 0 || *at == '\n' || *at == 0) break;
-        if (*at == '\r') continue;
+        if (*at == '\r') {
+            while (passesRuns && at[1] == '\r') ++at;
+            continue;
+        }
         *to++ = *at;
         --room;
     }

@@ -35,6 +35,15 @@ static const Property blankLine("blank line", [](Choices &choices) {
                     !expected && text.size() > 16 && model::isBlankLine(text.substr(0, 16)));
 });
 
+// A table that folds a letter, moves others to the negative bytes and ends strings at an ordinary byte.
+static constexpr auto table = [] {
+    std::array<uint8_t, 256> bytes = {};
+    for (uint32_t i = 0; i < 256; ++i) bytes[i] = static_cast<uint8_t>(i * 7);
+    bytes['A'] = bytes['a'] = 0x90;
+    bytes['z'] = 0;
+    return bytes;
+}();
+
 static const Property conversion("conversion", [](Choices &choices) {
     const std::string text = choices.text(alphabet, 4);
     TQ_convertZstring(table.data(), string(choices, 0, text));

@@ -45,6 +45,7 @@ inline int32_t difference(uint8_t first, uint8_t second) {
 
 // Which positions a comparison may look at: all, or the first `count`.
 struct Unlimited {
+    static constexpr size_t count = SIZE_MAX;
     bool allows(size_t) const { return true; }
 };
 

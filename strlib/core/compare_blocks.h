@@ -22,15 +22,9 @@ struct Index {
     static Value at(const uint8_t *, const uint8_t *, size_t i) { return i; }
 };
 
-// The lesser of an index and the first one that the limit does not allow.
-inline size_t least(size_t index, Unlimited) { return index; }
-inline size_t least(size_t index, Limited limit) { return index < limit.count ? index : limit.count; }
-
-// The first position that the limit does not allow, if it is in the block at an index.
-inline block::Mask endOf(Unlimited, size_t) { return 0; }
-inline block::Mask endOf(Limited limit, size_t i) {
-    return limit.allows(i + block::size - 1) ? 0 : block::Mask{1} << (limit.count - i);
-}
+// The first position that the limit does not allow, if it is in the first block.
+inline block::Mask endOf(Unlimited) { return 0; }
+inline block::Mask endOf(Limited limit) { return limit.allows(block::size - 1) ? 0 : block::Mask{1} << limit.count; }
 
 // Where two blocks differ or the texts end.
 template <class Mode>
@@ -48,18 +42,21 @@ template <class Mode, class Limit>
     return i;
 }
 
-// Goes on behind the first block, where loads may reach past the text inside its page. Blocks of `first` are aligned.
-// The block of `second` that would reach into the next page is not loaded before the bytes that end the page: if the
-// texts go on behind them, the next page holds text as well. So does the page of the byte behind the first block.
-template <class Mode, class Answer, class Limit>
-[[gnu::noinline]] typename Answer::Value compareOnInPages(const uint8_t *first, const uint8_t *second, Limit limit) {
+// What goes on behind the first block stands apart, so that short comparisons save no registers, and once for all
+// limits.
+
+// Goes on where loads may reach past the text inside its page. Blocks of `first` are aligned. The block of `second`
+// that would reach into the next page is not loaded before the bytes that end the page: if the texts go on behind them,
+// the next page holds text as well. So does the page of the byte behind the first block.
+template <class Mode, class Answer>
+[[gnu::noinline]] typename Answer::Value compareOnInPages(const uint8_t *first, const uint8_t *second, Limited limit) {
     using namespace block;
     const Address start = beginReading(first);
     const Address other = beginReading(second);
     const auto stops = [=](size_t i) { return stopsIn<Mode>(loadFrom(start + i), loadFrom(other + i)); };
     size_t i = size - offsetIn(start);
     for (size_t pageEnd = size + pageSize - (other + size) % pageSize;; pageEnd += pageSize) {
-        const size_t end = least(pageEnd, limit);
+        const size_t end = limit.allows(pageEnd) ? pageEnd : limit.count;
 #pragma GCC unroll 4
         for (; i + size <= end; i += size) {
             if (const Mask found = stops(i); found != 0) return Answer::at(first, second, i + block::first(found));
@@ -74,8 +71,8 @@ template <class Mode, class Answer, class Limit>
 }
 
 // The first block where one of the two leaves its page.
-template <class Mode, class Answer, class Limit>
-[[gnu::noinline]] typename Answer::Value compareAtPageEnd(const uint8_t *first, const uint8_t *second, Limit limit) {
+template <class Mode, class Answer>
+[[gnu::noinline]] typename Answer::Value compareAtPageEnd(const uint8_t *first, const uint8_t *second, Limited limit) {
     const size_t i = passBytes<Mode>(first, second, 0, block::size, limit);
     if (!limit.allows(i)) return {};
     return i < block::size ? Answer::at(first, second, i) : compareOnInPages<Mode, Answer>(first, second, limit);
@@ -87,9 +84,9 @@ template <class Mode, class Answer, class Limit>
     using namespace block;
     const Address start = beginReading(first);
     const Address other = beginReading(second);
-    if (eitherLeavesPage(start, other)) return compareAtPageEnd<Mode, Answer>(first, second, limit);
-    const Mask stops = stopsIn<Mode>(loadFrom(start), loadFrom(other)) | endOf(limit, 0);
-    if (stops == 0) return compareOnInPages<Mode, Answer>(first, second, limit);
+    if (eitherLeavesPage(start, other)) return compareAtPageEnd<Mode, Answer>(first, second, {limit.count});
+    const Mask stops = stopsIn<Mode>(loadFrom(start), loadFrom(other)) | endOf(limit);
+    if (stops == 0) return compareOnInPages<Mode, Answer>(first, second, {limit.count});
     const size_t i = block::first(stops);
     return limit.allows(i) ? Answer::at(first, second, i) : typename Answer::Value{};
 }
@@ -97,8 +94,8 @@ template <class Mode, class Answer, class Limit>
 // The index of the first block from `i` on in which the texts may differ or end, where only aligned blocks may reach
 // past the text. Blocks of `first` are aligned; those of `second` are loaded behind a look at the aligned blocks that
 // they reach into: without a NUL there, all is text.
-template <class Mode, class Limit>
-[[gnu::always_inline]] inline size_t passBlocks(const uint8_t *first, const uint8_t *second, size_t i, Limit limit) {
+template <class Mode>
+[[gnu::always_inline]] inline size_t passBlocks(const uint8_t *first, const uint8_t *second, size_t i, Limited limit) {
     using namespace block;
     const Address start = beginReading(first);
     const Address other = beginReading(second);
@@ -114,10 +111,9 @@ template <class Mode, class Limit>
     return i;
 }
 
-// Goes on behind the first block, in aligned blocks and then byte by byte. Apart, so that short comparisons save no
-// registers.
-template <class Mode, class Answer, class Limit>
-[[gnu::noinline]] typename Answer::Value compareOnInBlocks(const uint8_t *first, const uint8_t *second, Limit limit) {
+// Goes on in aligned blocks and then byte by byte.
+template <class Mode, class Answer>
+[[gnu::noinline]] typename Answer::Value compareOnInBlocks(const uint8_t *first, const uint8_t *second, Limited limit) {
     const size_t start = passBlocks<Mode>(first, second, block::size, limit);
     const size_t i = passBytes<Mode>(first, second, start, SIZE_MAX, limit);
     return limit.allows(i) ? Answer::at(first, second, i) : typename Answer::Value{};
@@ -128,7 +124,8 @@ template <class Mode, class Answer, class Limit>
                                                                      Limit limit) {
     const size_t i = passBytes<Mode>(first, second, 0, block::size, limit);
     if (!limit.allows(i)) return {};
-    return i < block::size ? Answer::at(first, second, i) : compareOnInBlocks<Mode, Answer>(first, second, limit);
+    return i < block::size ? Answer::at(first, second, i)
+                           : compareOnInBlocks<Mode, Answer>(first, second, {limit.count});
 }
 
 template <class Mode, class Answer, class Limit>

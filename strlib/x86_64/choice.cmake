@@ -26,7 +26,7 @@ if(NOT STRLIB_CHOICE_COMPILES)
 endif()
 
 add_library(strlib_avx2 OBJECT)
-foreach(family compare copy find_byte find_set find_string lines tokens utf8_set)
+foreach(family collate compare copy length find_byte find_set find_string lines tokens utf8_set)
   set(source ${PROJECT_SOURCE_DIR}/strlib/${family}.cpp)
   set_source_files_properties(${source} PROPERTIES
     COMPILE_OPTIONS "-include;${choice};-DSTRLIB_FORMS=STRLIB_FORMS_${family}" OBJECT_DEPENDS ${choice})

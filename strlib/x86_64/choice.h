@@ -30,10 +30,12 @@
 // The routines that have two forms, by source.
 #define STRLIB_FORMS_compare(FORM) \
     FORM(TQANSI_strcmp)            \
-    FORM(TQANSI_strncmp) FORM(TQANSI_stricmp) FORM(TQANSI_strnicmp) FORM(customStricmp) FORM(TQANSI_memcmp)
+    FORM(TQANSI_strncmp) FORM(TQANSI_stricmp) FORM(TQANSI_strnicmp) FORM(TQANSI_memcmp)
+#define STRLIB_FORMS_collate(FORM) FORM(customStricmp)
+#define STRLIB_FORMS_length(FORM) FORM(TQANSI_strlen)
 #define STRLIB_FORMS_copy(FORM) \
-    FORM(TQANSI_strlen)         \
-    FORM(TQANSI_strcpy) FORM(TQANSI_strncpy) FORM(TQANSI_strcat) FORM(TQANSI_strncat) FORM(TQ_strappend)
+    FORM(TQANSI_strcpy)         \
+    FORM(TQANSI_strncpy) FORM(TQANSI_strcat) FORM(TQANSI_strncat) FORM(TQ_strappend)
 #define STRLIB_FORMS_find_byte(FORM) FORM(TQANSI_strchr) FORM(TQANSI_strrchr) FORM(TQANSI_memchr)
 #define STRLIB_FORMS_find_set(FORM) FORM(TQANSI_strpbrk)
 #define STRLIB_FORMS_find_string(FORM) FORM(TQANSI_strstr) FORM(TQ_stristr)
@@ -41,7 +43,13 @@
 #define STRLIB_FORMS_tokens(FORM) FORM(TQ_strtoken) FORM(TQ_strtoklen)
 #define STRLIB_FORMS_utf8_set(FORM) FORM(TQANSI_strpbrkUTF8)
 
-#if defined(STRLIB_X86_64_AVX2)  // the second objects
+#if defined(STRLIB_X86_64_AVX2)  // the second objects: also what they call of each other is of that form
+
+#undef STRLIB_FORMS
+#define STRLIB_FORMS(FORM)                                                                                  \
+    STRLIB_FORMS_compare(FORM) STRLIB_FORMS_collate(FORM) STRLIB_FORMS_length(FORM) STRLIB_FORMS_copy(FORM) \
+        STRLIB_FORMS_find_byte(FORM) STRLIB_FORMS_find_set(FORM) STRLIB_FORMS_find_string(FORM)             \
+            STRLIB_FORMS_lines(FORM) STRLIB_FORMS_tokens(FORM) STRLIB_FORMS_utf8_set(FORM)
 
 #define STRLIB_FORM(NAME) decltype(NAME) NAME asm(#NAME ".avx2");
 
@@ -49,8 +57,8 @@
 
 #include <cpuid.h>
 
-// A resolver runs before the program is relocated: it calls nothing and reads no variable. What compilers add to
-// functions for tools of all kinds could do either.
+// A resolver runs before the program is relocated: it calls nothing outside its object and reads no variable. What
+// compilers add to functions for tools of all kinds could do either.
 #define STRLIB_EARLY __attribute__((no_instrument_function, no_sanitize("undefined"))) static
 
 // By Valgrind's client request, which does nothing elsewhere. Its checks of memory take loads that reach past a text
@@ -77,11 +85,14 @@ STRLIB_EARLY inline bool hasAvx2() {
     return (b & needed) == needed;
 }
 
-#define STRLIB_FORM(NAME)                                                                                           \
-    decltype(NAME) NAME asm(#NAME ".baseline");                                                                     \
-    [[gnu::visibility("hidden")]] decltype(NAME) NAME##_avx2 asm(#NAME ".avx2");                                    \
-    STRLIB_EARLY decltype(&NAME) NAME##_choose() asm(#NAME ".choose");                                              \
-    [[gnu::used]] decltype(&NAME) NAME##_choose() { return hasAvx2() && !runsOnValgrind() ? &NAME##_avx2 : &NAME; } \
+// Once in an object: most of a resolver.
+STRLIB_EARLY __attribute__((noinline)) inline bool takesAvx2() { return hasAvx2() && !runsOnValgrind(); }
+
+#define STRLIB_FORM(NAME)                                                                        \
+    decltype(NAME) NAME asm(#NAME ".baseline");                                                  \
+    [[gnu::visibility("hidden")]] decltype(NAME) NAME##_avx2 asm(#NAME ".avx2");                 \
+    STRLIB_EARLY decltype(&NAME) NAME##_choose() asm(#NAME ".choose");                           \
+    [[gnu::used]] decltype(&NAME) NAME##_choose() { return takesAvx2() ? &NAME##_avx2 : &NAME; } \
     [[gnu::ifunc(#NAME ".choose"), gnu::visibility("hidden")]] decltype(NAME) NAME##_public asm(#NAME);
 
 #else

@@ -37,15 +37,6 @@ private:
 // One byte of each class that some routine tells apart.
 inline constexpr std::string_view alphabet("aAbz0 \n\r\x7F\x80\xC3\xFF", 12);
 
-// A table that folds, moves letters to the negative bytes and ends strings at one ordinary byte.
-inline constexpr auto table = [] {
-    std::array<uint8_t, 256> bytes = {};
-    for (uint32_t i = 0; i < 256; ++i) bytes[i] = static_cast<uint8_t>(i * 7);
-    bytes['A'] = bytes['a'] = 0x90;
-    bytes['z'] = 0;
-    return bytes;
-}();
-
 void require(bool holds, const char *what);
 void requireEqual(int64_t actual, int64_t expected, const char *what);
 void requirePosition(const char *result, const char *start, size_t expected);
