@@ -18,7 +18,7 @@ quietly() { "$@" >"$scratch/log" 2>&1 || fail "$*: $(<"$scratch/log")"; }
 library() {
     local build=$scratch/$2-${1##*/}
     quietly configure "$build" -DCMAKE_CXX_COMPILER="$1" -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS="-O2 $3" "${@:4}"
-    quietly cmake --build "$build" -j2
+    quietly cmake --build "$build" -j2 --target strlib
     archive=$build/libstrlib.a
 }
 
