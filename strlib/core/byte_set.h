@@ -54,6 +54,12 @@ public:
         for (size_t i = 0; i < most; ++i) members_[i] = block::splat(members[i < count ? i : 0]);
     }
 
+    // Member by member: compilers might call memcpy().
+    FewBytes(const FewBytes &other) : string_(other.string_) {
+#pragma GCC unroll 4
+        for (size_t i = 0; i < most; ++i) members_[i] = other.members_[i];
+    }
+
     [[gnu::always_inline]] const uint8_t *find(const uint8_t *at) const {
         return scan<Steps::blocksThenGroups>(
             at, [set = *this](block::Block bytes) { return set.orAnyIn(block::zeros(bytes), bytes); });
