@@ -286,7 +286,7 @@ Decoded decode(const std::string &input, uint32_t before) {
     if (lead.length == 0) return {0, before};
     const size_t count = first < 0xC2 ? 0 : continuations(input, lead.length - 1);
     uint32_t value = first - uint32_t{lead.first};
-    for (size_t i = 1; i < lead.length; ++i) value = value * 64 + (i <= count ? byteAt(input, i) % 64 : 0);
+    for (size_t i = 1; i < lead.length; ++i) value = value * 64 + (i <= count ? byteAt(input, i) % 64u : 0u);
     return {count == lead.length - 1 ? static_cast<int32_t>(lead.length) : 0, value};
 }
 
