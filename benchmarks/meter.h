@@ -78,7 +78,7 @@ std::vector<std::string> outcomes(Same same, const Call &call, const Workload &w
         return result;
     };
     if (same != Same::nothing)
-        for (const Case &of : workload.cases) body(observed, of);
+        for (const Case &given : workload.cases) body(observed, given);
     return seen;
 }
 
@@ -109,16 +109,16 @@ void measureBody(const Contest<ours, plain, glibc, newlib> &contest, const Workl
 
 // Arguments are what a case holds, or the same in all cases.
 namespace of {
-inline constexpr auto text = [](const Case &of) { return of.text; };
-inline constexpr auto other = [](const Case &of) { return of.other; };
-inline constexpr auto length = [](const Case &of) { return of.length; };
-inline constexpr auto number = [](const Case &of) { return of.number; };
+inline constexpr auto text = [](const Case &given) { return given.text; };
+inline constexpr auto other = [](const Case &given) { return given.other; };
+inline constexpr auto length = [](const Case &given) { return given.length; };
+inline constexpr auto number = [](const Case &given) { return given.number; };
 }  // namespace of
 
 template <class Argument>
-auto valueOf(const Argument &argument, const Case &of) {
+auto valueOf(const Argument &argument, const Case &given) {
     if constexpr (std::is_invocable_v<Argument, const Case &>)
-        return argument(of);
+        return argument(given);
     else
         return argument;
 }
@@ -126,7 +126,7 @@ auto valueOf(const Argument &argument, const Case &of) {
 template <auto &...others>
 void measure(const auto &contest, const Workload &workload, auto... arguments) {
     measureBody<others...>(contest, workload,
-                           [=](auto call, const Case &of) { return call(valueOf(arguments, of)...); });
+                           [=](auto call, const Case &given) { return call(valueOf(arguments, given)...); });
 }
 
 #endif

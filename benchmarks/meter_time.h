@@ -19,7 +19,8 @@ inline double fastest(const std::vector<double> &times) { return *std::min_eleme
 inline std::vector<const Case *> inOrder(const std::vector<Case> &cases) {
     std::mt19937 random(1);
     std::vector<const Case *> order(cases.size() < 64 ? cases.size() : 4096);
-    for (size_t next = 0; const Case *&of : order) of = &cases[cases.size() < 64 ? next++ : random() % cases.size()];
+    for (size_t next = 0; const Case *&given : order)
+        given = &cases[cases.size() < 64 ? next++ : random() % cases.size()];
     return order;
 }
 
@@ -29,7 +30,7 @@ void enter(const char *routine, const Workload &workload, const char *name, cons
     const auto run = [=, cases = workload.cases](benchmark::State &state) {
         const std::vector<const Case *> order = inOrder(cases);
         for (auto _ : state)
-            for (const Case *const of : order) benchmark::DoNotOptimize(body(call, *of));
+            for (const Case *const given : order) benchmark::DoNotOptimize(body(call, *given));
         state.counters["calls"] = static_cast<double>(order.size());
     };
     benchmark::RegisterBenchmark(title.c_str(), run)->ComputeStatistics("fastest", fastest);
@@ -48,9 +49,7 @@ inline int runMeter(int argc, char **argv, void (*enterAll)()) {
     benchmark::AddCustomContext("fmt", fmt::format("{}.{}", FMT_VERSION / 10000, FMT_VERSION / 100 % 100));
     benchmark::AddCustomContext("utf8proc", utf8proc_version());
     enterAll();
-    const bool ran = benchmark::RunSpecifiedBenchmarks() > 0;
-    benchmark::Shutdown();
-    return ran ? 0 : 1;
+    return benchmark::RunSpecifiedBenchmarks() > 0 ? 0 : 1;
 }
 
 #include "host_peers.h"

@@ -3,8 +3,6 @@
 
 #include <strlib.h>
 
-#include <numeric>
-
 #include "meter.h"
 #include "texts.h"
 
@@ -23,12 +21,6 @@ std::string withRandomCase(std::string text) {
     for (char &byte : text)
         if (below(2) == 0) byte = static_cast<char>(TQANSI_toupper(byte));
     return text;
-}
-
-uint8_t *identicalTable() {
-    uint8_t *const table = variables<uint8_t>(256);
-    std::iota(table, table + 256, uint8_t{0});
-    return table;
 }
 
 void measureLengthAndSearch(const Sizes &sizes) {
@@ -83,9 +75,8 @@ void measureComparisons(const Sizes &sizes) {
         text = withRandomCase(text);
         folded.cases[index].other = place(text, sizes.alignment(index, 1));
     }
-    uint8_t *const collation = identicalTable();
-    for (uint8_t letter = 'A'; letter <= 'Z'; ++letter) collation[letter] = static_cast<uint8_t>(letter + 32);
-
+    uint8_t *const collation = variables<uint8_t>(256);
+    for (int32_t byte = 0; byte < 256; ++byte) collation[byte] = byte >= 'A' && byte <= 'Z' ? byte + 32 : byte;
     measure(contest::TQANSI_strcmp, exact, of::text, of::other);
     measure(contest::TQANSI_strncmp, exact, of::text, of::other, beyondAll);
     measure(contest::TQANSI_memcmp, exact, of::text, of::other, of::length);
@@ -124,9 +115,9 @@ void measureSubstrings() {
 }
 
 void measureClasses() {
-    uint8_t *const table = identicalTable();
+    uint8_t *const table = variables<uint8_t>(256);
     Workload bytes{"all bytes", std::vector<Case>(256)};
-    for (int32_t byte = 0; Case & of : bytes.cases) of.number = byte++;
+    for (int32_t byte = 0; byte < 256; ++byte) bytes.cases[byte].number = table[byte] = byte;
     measure<host::toupperInLine>(contest::TQANSI_toupper, bytes, of::number);
     measure<host::isalphaInLine>(contest::TQANSI_isalpha, bytes, of::number);
     measure<host::isdigitInLine>(contest::TQANSI_isdigit, bytes, of::number);
@@ -150,9 +141,9 @@ int32_t mixedInteger(uint32_t most) {
 
 void measureNumbers(uint32_t most, const std::string &workload, const std::string &written) {
     Workload numbers{workload, std::vector<Case>(256)};
-    for (Case &of : numbers.cases) {
-        of.number = mixedInteger(most);
-        of.text = place(std::to_string(of.number), below(32));
+    for (Case &given : numbers.cases) {
+        given.number = mixedInteger(most);
+        given.text = place(std::to_string(given.number), below(32));
     }
     measure<host::fromChars>(contest::TQANSI_atoi, numbers, of::text);
     measure<host::toChars>(contest::decimal, {"radix 10" + written, numbers.cases}, of::number, onStack, 64, 10);
@@ -170,7 +161,7 @@ void measurePrint(const char *workload, const char *format, const Slots &first, 
     std::vector<Slots> prints = {first};
     while (measuresTime && prints.size() < 256) prints.push_back(random());
     Workload numbered{workload, std::vector<Case>(prints.size(), {place(format, 4)})};
-    for (int32_t number = 0; Case & of : numbered.cases) of.number = number++;
+    for (int32_t number = 0; Case & given : numbered.cases) given.number = number++;
     measure<peer>(contest::TQ_sprintf, numbered, onStack, 256, of::text,
                   [=](const Case &print) { return prints[static_cast<size_t>(print.number)].data(); });
 }
@@ -284,19 +275,19 @@ void measureWalks() {
     char **const end = variables<char *>();
     uint32_t *const codePoint = variables<uint32_t>();
     int32_t *const length = variables<int32_t>();
-    measureBody(contest::X_TAMBRO_gets, {"through 2048 short lines", {{place(lines, 0)}}}, [=](auto call, auto &of) {
-        const char *at = of.text;
+    measureBody(contest::X_TAMBRO_gets, {"through 2048 short lines", {{place(lines, 0)}}}, [=](auto call, auto &given) {
+        const char *at = given.text;
         while (*at != 0) at += call(destination, 500, at) + 1;
         return at;
     });
-    measureBody(contest::TQ_strtoken, {"through 2048 short tokens", {{place(tokens, 0)}}}, [=](auto call, auto &of) {
-        const char *at = of.text;
+    measureBody(contest::TQ_strtoken, {"through 2048 short tokens", {{place(tokens, 0)}}}, [=](auto call, auto &given) {
+        const char *at = given.text;
         while (call(at, " \t,", end) != nullptr) at = *end;
         return at;
     });
     measureBody<host::decode>(contest::utf8ToUnicode, {"through 2048 Latin characters", {{place(characters, 0)}}},
-                              [=](auto call, auto &of) {
-                                  const char *at = of.text;
+                              [=](auto call, auto &given) {
+                                  const char *at = given.text;
                                   while (*at != 0) at = call(at, codePoint, length);
                                   return at;
                               });
