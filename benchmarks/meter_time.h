@@ -36,21 +36,18 @@ void enter(const char *routine, const Workload &workload, const char *name, cons
     benchmark::RegisterBenchmark(title.c_str(), run)->ComputeStatistics("fastest", fastest);
 }
 
-inline int runMeter(int argc, char **argv, void (*enterAll)()) {
+inline void startMeter(int argc, char **argv) {
     benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) std::exit(1);
     benchmark::AddCustomContext("flags", STRLIB_BENCH_FLAGS);
-#ifdef __clang__
-    benchmark::AddCustomContext("compiler", __VERSION__);
-#else
-    benchmark::AddCustomContext("compiler", "GCC " __VERSION__);
-#endif
+    const std::string version = __VERSION__;  // Of clang, with its name.
+    benchmark::AddCustomContext("compiler", std::isdigit(version[0]) ? "GCC " + version : version);
     benchmark::AddCustomContext("glibc", gnu_get_libc_version());
     benchmark::AddCustomContext("fmt", fmt::format("{}.{}", FMT_VERSION / 10000, FMT_VERSION / 100 % 100));
     benchmark::AddCustomContext("utf8proc", utf8proc_version());
-    enterAll();
-    return benchmark::RunSpecifiedBenchmarks() > 0 ? 0 : 1;
 }
+
+inline int finishMeter() { return benchmark::RunSpecifiedBenchmarks() > 0 ? 0 : 1; }
 
 #include "host_peers.h"
 

@@ -112,8 +112,7 @@ int32_t customStricmp(const char *first, const char *second, const uint8_t *coll
 }
 
 int32_t TQANSI_memcmp(const void *first, const void *second, uint32_t count) {
-    const uint8_t *const one = static_cast<const uint8_t *>(first);
-    const uint8_t *const other = static_cast<const uint8_t *>(second);
+    const auto *const one = static_cast<const uint8_t *>(first), *const other = static_cast<const uint8_t *>(second);
     for (uint32_t index = 0; index < count; ++index)
         if (one[index] != other[index]) return one[index] - other[index];
     return 0;

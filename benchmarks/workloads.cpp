@@ -166,7 +166,7 @@ void measurePrint(const char *workload, const char *format, const Slots &first, 
                   [=](const Case &print) { return prints[static_cast<size_t>(print.number)].data(); });
 }
 
-void measureScan(const char *format, const std::string &first, const Slots &slots, auto random) {
+void measureScan(const Slots &slots, const char *format, const std::string &first, auto random) {
     Workload inputs{format, {{place(first, 0)}}};
     while (measuresTime && inputs.cases.size() < 256) inputs.cases.push_back({place(random(), below(32))});
     measure(contest::TQ_sscanf, inputs, of::text, format, [=](const Case &) { return slots.data(); });
@@ -182,15 +182,14 @@ void measureFormats() {
     measurePrint<host::printSentence>("a sentence", "The value %d of the sensor named %s is given in degrees %c.",
                                       {1234, name, 'C'}, mixed);
 
-    int32_t *const stored = variables<int32_t>(3);
-    const Slots numbers = {slot(stored), slot(stored + 1), slot(stored + 2)};
-    const Slots fields = {slot(variables<char>(64)), slot(stored), slot(stored + 1)};
+    int32_t *const stored = variables<int32_t>(18);  // The first slot serves a number or a word of less than 64 bytes.
+    const Slots slots = {slot(stored), slot(stored + 16), slot(stored + 17)};
     const auto digits = [=] { return std::to_string(integer()); };
     const auto any = [] { return letters(1 + below(12)); };
-    measureScan("%i,%i,%i", "-17,90210,4", numbers, [=] { return digits() + ',' + digits() + ',' + digits(); });
-    measureScan("%s %i %u", "temperature 1234 56", fields, [=] { return any() + ' ' + digits() + " 56"; });
-    measureScan("%[^=]=%i %u", "temperature=1234 56", fields, [=] { return any() + '=' + digits() + " 56"; });
-    measureScan("%i,%i", "-17,90210", numbers, [=] { return digits() + ',' + std::to_string(mixedInteger(4)); });
+    measureScan(slots, "%i,%i,%i", "-17,90210,4", [=] { return digits() + ',' + digits() + ',' + digits(); });
+    measureScan(slots, "%s %i %u", "temperature 1234 56", [=] { return any() + ' ' + digits() + " 56"; });
+    measureScan(slots, "%[^=]=%i %u", "temperature=1234 56", [=] { return any() + '=' + digits() + " 56"; });
+    measureScan(slots, "%i,%i", "-17,90210", [=] { return digits() + ',' + std::to_string(mixedInteger(4)); });
 }
 
 void measureLines(const char *workload, uint32_t shortest, uint32_t most) {
@@ -365,7 +364,12 @@ void measureWorstInputs() {
     measureWorstLine("(a \\r)^n", repeated("a\r", length));
 }
 
-void measureAll() {
+}  // namespace
+
+int main(int argc, char **argv) {
+    std::array<char, 256> buffer;
+    onStack = buffer.data();
+    startMeter(argc, argv);
     for (const Sizes &sizes : allSizes()) measureLengthAndSearch(sizes);
     for (const Sizes &sizes : allSizes()) measureCopies(sizes);
     for (const Sizes &sizes : allSizes()) measureComparisons(sizes);
@@ -390,12 +394,5 @@ void measureAll() {
     measureAlike(4096);
     measureWorstInputs();
     if (measuresTime) measureWalks();  // What costs nothing there does not end.
-}
-
-}  // namespace
-
-int main(int argc, char **argv) {
-    std::array<char, 256> buffer;
-    onStack = buffer.data();
-    return runMeter(argc, argv, measureAll);
+    return finishMeter();
 }
