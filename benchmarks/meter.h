@@ -88,23 +88,20 @@ std::vector<std::string> outcomes(Same same, const Call &call, const Workload &w
 template <auto &...others, auto ours, auto plain, auto glibc, auto newlib, class Body>
 void measureBody(const Contest<ours, plain, glibc, newlib> &contest, const Workload &workload, const Body &body) {
     const auto expected = outcomes(contest.same, Direct<ours>(), workload, body);
-    const auto take = [&](const char *name, const auto &call) {
-        enter<decltype(ours)>(contest.routine, workload, name, call, body);
-    };
-    const auto takePeer = [&](const char *name, const auto &call) {
-        if (outcomes(contest.same, call, workload, body) != expected) {
+    const auto take = [&](const char *name, const auto &call, bool isRoutine = true) {
+        if (isRoutine && outcomes(contest.same, call, workload, body) != expected) {
             std::fprintf(stderr, "%s, %s: %s differs from our result\n", contest.routine, workload.name.c_str(), name);
             std::exit(1);
         }
-        take(name, call);
+        enter<decltype(ours)>(contest.routine, workload, name, call, body);
     };
-    if constexpr (!measuresTime) take("empty", Direct<emptyLike(ours)>());
+    if constexpr (!measuresTime) take("empty", Direct<emptyLike(ours)>(), false);
     take("ours", Direct<ours>());
-    if constexpr (exists<glibc>) takePeer(isBoard ? "newlib" : "glibc", Direct<glibc>());
-    if constexpr (exists<newlib> && !isBoard && !measuresTime) takePeer("newlib", Direct<newlib>());
-    if constexpr (measuresTime) (takePeer(others.name, others.call), ...);
+    if constexpr (exists<glibc>) take(isBoard ? "newlib" : "glibc", Direct<glibc>());
+    if constexpr (exists<newlib> && !isBoard && !measuresTime) take("newlib", Direct<newlib>());
+    if constexpr (measuresTime) (take(others.name, others.call), ...);
     if constexpr (exists<plain>)
-        if (!measuresTime || !exists<glibc> || contest.same == Same::nothing) takePeer("plain", Direct<plain>());
+        if (!measuresTime || !exists<glibc> || contest.same == Same::nothing) take("plain", Direct<plain>());
 }
 
 // Arguments are what a case holds, or the same in all cases.

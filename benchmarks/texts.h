@@ -29,11 +29,6 @@ inline char *room(size_t size, size_t alignment) {
     return at;
 }
 
-template <class Value>
-Value *variables(size_t count = 1) {
-    return new (room(count * sizeof(Value), 0)) Value[count]();
-}
-
 inline char *place(const std::string &bytes, size_t alignment) {
     char *const at = room(bytes.size() + 1, alignment);
     std::memcpy(at, bytes.c_str(), bytes.size() + 1);

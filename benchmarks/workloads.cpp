@@ -75,14 +75,14 @@ void measureComparisons(const Sizes &sizes) {
         text = withRandomCase(text);
         folded.cases[index].other = place(text, sizes.alignment(index, 1));
     }
-    uint8_t *const collation = variables<uint8_t>(256);
+    static std::array<uint8_t, 256> collation;
     for (int32_t byte = 0; byte < 256; ++byte) collation[byte] = byte >= 'A' && byte <= 'Z' ? byte + 32 : byte;
     measure(contest::TQANSI_strcmp, exact, of::text, of::other);
     measure(contest::TQANSI_strncmp, exact, of::text, of::other, beyondAll);
     measure(contest::TQANSI_memcmp, exact, of::text, of::other, of::length);
     measure(contest::TQANSI_stricmp, folded, of::text, of::other);
     measure(contest::TQANSI_strnicmp, folded, of::text, of::other, beyondAll);
-    measure<host::strcasecmpAsCollation>(contest::customStricmp, folded, of::text, of::other, collation);
+    measure<host::strcasecmpAsCollation>(contest::customStricmp, folded, of::text, of::other, collation.data());
 }
 
 Case search(const std::string &text, const std::string &needle) { return {place(text, 1), place(needle, 2)}; }
@@ -115,20 +115,20 @@ void measureSubstrings() {
 }
 
 void measureClasses() {
-    uint8_t *const table = variables<uint8_t>(256);
+    static std::array<uint8_t, 256> table;
     Workload bytes{"all bytes", std::vector<Case>(256)};
     for (int32_t byte = 0; byte < 256; ++byte) bytes.cases[byte].number = table[byte] = byte;
     measure<host::toupperInLine>(contest::TQANSI_toupper, bytes, of::number);
     measure<host::isalphaInLine>(contest::TQANSI_isalpha, bytes, of::number);
     measure<host::isdigitInLine>(contest::TQANSI_isdigit, bytes, of::number);
-    measure(contest::TQ_isAttribute, bytes, 0x11, table, of::number);
+    measure(contest::TQ_isAttribute, bytes, 0x11, table.data(), of::number);
     for (const Sizes &sizes : allSizes()) {
         const Workload blanks = makeTexts(sizes, [&](std::string &text) {
             for (char &byte : text) byte = below(4) == 0 ? '\t' : ' ';
             putSomewhere(sizes, text, 'x');
         });
         measure(contest::TQ_isBlankLine, blanks, of::text);
-        measure(contest::TQ_convertZstring, makeTexts(sizes), table, of::text);
+        measure(contest::TQ_convertZstring, makeTexts(sizes), table.data(), of::text);
     }
 }
 
@@ -182,8 +182,9 @@ void measureFormats() {
     measurePrint<host::printSentence>("a sentence", "The value %d of the sensor named %s is given in degrees %c.",
                                       {1234, name, 'C'}, mixed);
 
-    int32_t *const stored = variables<int32_t>(18);  // The first slot serves a number or a word of less than 64 bytes.
-    const Slots slots = {slot(stored), slot(stored + 16), slot(stored + 17)};
+    alignas(32) static std::array<int32_t, 18>
+        stored;  // The first slot serves a number or a word of less than 64 bytes.
+    const Slots slots = {slot(&stored[0]), slot(&stored[16]), slot(&stored[17])};
     const auto digits = [=] { return std::to_string(integer()); };
     const auto any = [] { return letters(1 + below(12)); };
     measureScan(slots, "%i,%i,%i", "-17,90210,4", [=] { return digits() + ',' + digits() + ',' + digits(); });
@@ -205,10 +206,10 @@ void measureTokens(const char *workload, uint32_t shortest, uint32_t most) {
     for (Case &token : tokens.cases)
         token.text =
             place((below(2) == 0 ? ", " : ",") + letters(shortest + below(most - shortest + 1)) + ", next", below(32));
-    char **const end = variables<char *>();
-    uint16_t *const length = variables<uint16_t>();
-    measure(contest::TQ_strtoken, tokens, of::text, ", ", end);
-    measure(contest::TQ_strtoklen, tokens, of::text, ", ", length);
+    static char *end;
+    static uint16_t length;
+    measure(contest::TQ_strtoken, tokens, of::text, ", ", &end);
+    measure(contest::TQ_strtoklen, tokens, of::text, ", ", &length);
 }
 
 uint32_t mixedCodePoint() {
@@ -236,12 +237,12 @@ void measureUtf8(const char *workload, uint32_t (*next)()) {
         const uint32_t codePoint = next();
         character = {place(encoded(codePoint) + "next", below(32)), nullptr, 0, static_cast<int32_t>(codePoint)};
     }
-    char *const buffer = variables<char>(8);
-    uint32_t *const codePoint = variables<uint32_t>();
-    int32_t *const result = variables<int32_t>();
+    static char buffer[8];
+    static uint32_t codePoint;
+    static int32_t result;
     measure<host::encode>(contest::unicodeToUtf8, characters, of::number, buffer);
-    measure<host::decode>(contest::utf8ToUnicode, characters, of::text, codePoint, result);
-    measure<host::readCharacter>(contest::utf8ReadChar, characters, of::text, result, buffer);
+    measure<host::decode>(contest::utf8ToUnicode, characters, of::text, &codePoint, &result);
+    measure<host::readCharacter>(contest::utf8ReadChar, characters, of::text, &result, buffer);
 }
 
 void measureUtf8Set(const char *workload, size_t characters, bool isThere) {
@@ -257,7 +258,7 @@ void measureArithmetic() {
         pair.text = place(letters(4 + below(9)), below(32));
         pair.other = place(letters(4 + below(9)), below(32));
     }
-    char *const buffer = variables<char>(32);
+    alignas(32) static char buffer[32];
     measure(contest::string_operator_diff, pairs, of::text, of::other);
     measure(contest::string_operator_add, pairs, buffer, of::text, 1);
 }
@@ -271,9 +272,9 @@ void measureWalks() {
         characters += encoded(latinCodePoint());
     }
     char *const destination = room(512, 4);
-    char **const end = variables<char *>();
-    uint32_t *const codePoint = variables<uint32_t>();
-    int32_t *const length = variables<int32_t>();
+    static char *end;
+    static uint32_t codePoint;
+    static int32_t length;
     measureBody(contest::X_TAMBRO_gets, {"through 2048 short lines", {{place(lines, 0)}}}, [=](auto call, auto &given) {
         const char *at = given.text;
         while (*at != 0) at += call(destination, 500, at) + 1;
@@ -281,13 +282,13 @@ void measureWalks() {
     });
     measureBody(contest::TQ_strtoken, {"through 2048 short tokens", {{place(tokens, 0)}}}, [=](auto call, auto &given) {
         const char *at = given.text;
-        while (call(at, " \t,", end) != nullptr) at = *end;
+        while (call(at, " \t,", &end) != nullptr) at = end;
         return at;
     });
     measureBody<host::decode>(contest::utf8ToUnicode, {"through 2048 Latin characters", {{place(characters, 0)}}},
                               [=](auto call, auto &given) {
                                   const char *at = given.text;
-                                  while (*at != 0) at = call(at, codePoint, length);
+                                  while (*at != 0) at = call(at, &codePoint, &length);
                                   return at;
                               });
 }
