@@ -98,8 +98,8 @@ inline int finishMeter() { return 0; }
 // Peers that only the host has.
 namespace host {
 inline constexpr struct {
-} memccpyThenEnd, strncpyThenEnd, strcasecmpAsCollation, toupperInLine, isalphaInLine, isdigitInLine, fromChars,
-    toChars, hexadecimal, printFields, printIntegers, printSentence, encode, decode, readCharacter;
+} byMemccpy, byStrncpy, byStrcasecmp, toupperInLine, isalphaInLine, isdigitInLine, fromChars, toChars, hexadecimal,
+    printFields, printIntegers, printSentence, encode, decode, readCharacter;
 }  // namespace host
 
 #endif

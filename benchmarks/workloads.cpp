@@ -44,8 +44,7 @@ void measureCopies(const Sizes &sizes) {
     for (Case &copy : copies.cases) copy.number = static_cast<int32_t>(sizes.isMix ? below(33) : copy.length * 3 / 4);
     measure(contest::TQANSI_strcpy, copies, of::other, of::text);
     measure(contest::TQ_strappend, copies, of::other, of::text);
-    measure<host::memccpyThenEnd, host::strncpyThenEnd>(contest::TQANSI_strncpy, copies, of::other, of::text,
-                                                        of::number);
+    measure<host::byMemccpy, host::byStrncpy>(contest::TQANSI_strncpy, copies, of::other, of::text, of::number);
     measure(contest::TQANSI_memset, copies, of::other, 'x', of::length);
     // From here on the length is that of the string in the room. It is cut short again after the call: cut right
     // before, it would be read before the store is through.
@@ -82,7 +81,7 @@ void measureComparisons(const Sizes &sizes) {
     measure(contest::TQANSI_memcmp, exact, of::text, of::other, of::length);
     measure(contest::TQANSI_stricmp, folded, of::text, of::other);
     measure(contest::TQANSI_strnicmp, folded, of::text, of::other, beyondAll);
-    measure<host::strcasecmpAsCollation>(contest::customStricmp, folded, of::text, of::other, collation.data());
+    measure<host::byStrcasecmp>(contest::customStricmp, folded, of::text, of::other, collation.data());
 }
 
 Case search(const std::string &text, const std::string &needle) { return {place(text, 1), place(needle, 2)}; }
@@ -139,16 +138,15 @@ int32_t mixedInteger(uint32_t most) {
     return static_cast<int32_t>(below(4) == 0 ? 0 - value : value);
 }
 
-void measureNumbers(uint32_t most, const std::string &workload, const std::string &written) {
+void measureNumbers(uint32_t most, const std::string &workload, const std::string &range) {
     Workload numbers{workload, std::vector<Case>(256)};
     for (Case &given : numbers.cases) {
         given.number = mixedInteger(most);
         given.text = place(std::to_string(given.number), below(32));
     }
     measure<host::fromChars>(contest::TQANSI_atoi, numbers, of::text);
-    measure<host::toChars>(contest::decimal, {"radix 10" + written, numbers.cases}, of::number, onStack, 64, 10);
-    measure<host::hexadecimal>(contest::hexadecimal, {"radix 16" + written, numbers.cases}, of::number, onStack, 64,
-                               16);
+    measure<host::toChars>(contest::decimal, {"radix 10" + range, numbers.cases}, of::number, onStack, 64, 10);
+    measure<host::hexadecimal>(contest::hexadecimal, {"radix 16" + range, numbers.cases}, of::number, onStack, 64, 16);
 }
 
 using Slots = std::array<intptr_t, 3>;
@@ -254,10 +252,8 @@ void measureUtf8Set(const char *workload, size_t characters, bool isThere) {
 
 void measureArithmetic() {
     Workload pairs{"4 to 12 bytes", std::vector<Case>(64)};
-    for (Case &pair : pairs.cases) {
-        pair.text = place(letters(4 + below(9)), below(32));
-        pair.other = place(letters(4 + below(9)), below(32));
-    }
+    for (Case &pair : pairs.cases)
+        pair = {place(letters(4 + below(9)), below(32)), place(letters(4 + below(9)), below(32))};
     alignas(32) static char buffer[32];
     measure(contest::string_operator_diff, pairs, of::text, of::other);
     measure(contest::string_operator_add, pairs, buffer, of::text, 1);
@@ -294,11 +290,9 @@ void measureWalks() {
 }
 
 // A needle at the end of a text that does not hold it before.
-Case atTheEnd(std::string text, const std::string &needle) {
-    text += needle;
+Case atTheEnd(const std::string &text, const std::string &needle) {
     startPage(0);
-    char *const string = place(text, below(32));
-    return {string, place(needle, below(32))};
+    return {place(text + needle, below(32)), place(needle, below(32))};
 }
 
 void measureNeedles() {
@@ -342,9 +336,8 @@ void measureWorst(const std::string &workload, const std::array<Case, 2> &search
 
 void measureWorstLine(const std::string &workload, const std::string &source) {
     const auto length = static_cast<uint32_t>(source.size());
-    char *const destination = room(length + 1, 4);
-    measure(contest::worstLine, {"worst: " + workload, {{place(source, 1), destination, length}}}, of::other,
-            of::length, of::text);
+    const Workload lines{"worst: " + workload, {{place(source, 1), room(length + 1, 4), length}}};
+    measure(contest::worstLine, lines, of::other, of::length, of::text);
 }
 
 void measureWorstInputs() {
