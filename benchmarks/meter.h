@@ -13,7 +13,7 @@
 
 #include "contests.h"
 
-// What one call needs of: a text, another one or a room to write to, the length of the first, and a number.
+// What one call may need: a text, another one or a room to write to, the length of the first, and a number.
 struct Case {
     char *text;
     char *other = nullptr;
@@ -47,15 +47,11 @@ inline constexpr bool exists = !std::is_null_pointer_v<decltype(routine)>;
 #include "meter_count.h"
 #endif
 
-template <class Result>
-int64_t comparable(Same same, Result result) {
-    if constexpr (std::is_pointer_v<Result>)
-        return reinterpret_cast<intptr_t>(result);
-    else if (same == Same::sign)
-        return (result > 0) - (result < 0);
-    else
-        return same == Same::truth ? result != 0 : same == Same::output ? 0 : result;
+inline int64_t comparable(Same same, int64_t result) {
+    if (same == Same::sign) return (result > 0) - (result < 0);
+    return same == Same::truth ? result != 0 : same == Same::output ? 0 : result;
 }
+inline int64_t comparable(Same, const volatile void *result) { return reinterpret_cast<intptr_t>(result); }
 
 // What a call may have left behind an argument.
 inline std::string left(char *text) { return text; }
@@ -104,7 +100,7 @@ void measureBody(const Contest<ours, plain, glibc, newlib> &contest, const Workl
         if (!measuresTime || !exists<glibc> || contest.same == Same::nothing) take("plain", Direct<plain>());
 }
 
-// Arguments are what a case holds, or the same in all cases.
+// Arguments are what a case holds, given by these or by a function like them, or the same in all cases.
 namespace of {
 inline constexpr auto text = [](const Case &given) { return given.text; };
 inline constexpr auto other = [](const Case &given) { return given.other; };

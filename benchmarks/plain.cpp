@@ -1,3 +1,6 @@
+// The loops that one would write without a second thought, compiled like the library. Each has the name of the routine
+// that it stands for; none tests for null.
+
 #include "contests.h"
 
 namespace plain {

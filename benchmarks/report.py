@@ -1,7 +1,7 @@
 """Turns measurements into the pages on speed, or prints them.
 
-MODE is --write or --print=REGULAR_EXPRESSION, on ARM also --check or --update. TREE is where script/bench-armv7 has built
-and counted; a board's table is what it has written."""
+MODE is --write or --print=REGULAR_EXPRESSION, on ARM also --check or --update. TREE is where script/bench-armv7 has
+built and counted; a board's TABLE is what it has written."""
 
 import json
 import re
