@@ -22,19 +22,21 @@ struct Contest {
     extern "C" result glibc_##name(__VA_ARGS__) __asm__(#name); \
     extern "C" result newlib_##name(__VA_ARGS__) __asm__("newlib_" #name)
 
+// A contest with a name of its own, and the peers of its routine.
 #define STRLIB_CONTEST_AS(name, routine, same, ...)                              \
     namespace contest {                                                          \
     inline constexpr Contest<::routine, __VA_ARGS__> name{#routine, Same::same}; \
     }                                                                            \
     static_assert(true)
 
-// The plain loop has the name of the routine that it stands for.
+// A contest named as its routine, whose first peer is the plain loop of that name.
 #define STRLIB_CONTEST(routine, same, ...) \
     namespace plain {                      \
     decltype(::routine) routine;           \
     }                                      \
     STRLIB_CONTEST_AS(routine, routine, same, plain::routine __VA_OPT__(, ) __VA_ARGS__)
 
+// The same with the routine of one name of both C libraries.
 #define STRLIB_CONTEST_WITH(routine, same, result, name, ...) \
     STRLIB_PEER(result, name, __VA_ARGS__);                   \
     STRLIB_CONTEST(routine, same, glibc_##name, newlib_##name)

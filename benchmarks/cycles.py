@@ -39,7 +39,7 @@ def read_functions(program):
 
 def reachable(functions, start):
     """A function and what it calls or ends in."""
-    found = [start]
+    found = [start] if start in functions else []
     for name in found:
         for _, text in functions[name]:
             call = re.match(r"(?:b|bl|blx)(?:\.\w)? [0-9a-f]+ <([^+>]*)>", text)
@@ -74,7 +74,7 @@ def hot_loop(functions, symbol, instructions_per_byte):
 
 
 def in_arm_state(text):
-    """The same instruction in the other instruction set: llvm-mca fails on some of Thumb, and on blocks of conditions."""
+    """The same instruction in the other set: llvm-mca fails on some of Thumb, and on blocks of conditions."""
     text = re.sub(r"^(\w+(?:\.[ifsu]?\d+)?)\.[wn] ", r"\1 ", re.sub(r"\b[0-9a-f]+ <.*>$", "turn", text))
     if branch := re.match(r"cb(n?)z (\w+), turn", text):
         return [f"cmp {branch[2]}, #0", "bne turn" if branch[1] else "beq turn"]
@@ -102,7 +102,7 @@ def cycles(loop, core):
 
 
 def section(tree, builds):
-    """The section of the page on ARMv7-A: the builds with the instructions counted, and the tree with their programs."""
+    """A section of the page on ARMv7-A, from the instructions counted and the tree with the programs."""
     version = re.search(r"version (\S+)", output_of("llvm-mca", "--version"))[1]
     yield f"""
 ## Cycles a byte

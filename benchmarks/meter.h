@@ -13,7 +13,7 @@
 
 #include "contests.h"
 
-// What one call needs of: a text, another one or a room to write to, the length of the first, and a number.
+// What one call may need: a text, another one or a room to write to, the length of the first, and a number.
 struct Case {
     char *text;
     char *other = nullptr;
@@ -47,15 +47,11 @@ inline constexpr bool exists = !std::is_null_pointer_v<decltype(routine)>;
 #include "meter_count.h"
 #endif
 
-template <class Result>
-int64_t comparable(Same same, Result result) {
-    if constexpr (std::is_pointer_v<Result>)
-        return reinterpret_cast<intptr_t>(result);
-    else if (same == Same::sign)
-        return (result > 0) - (result < 0);
-    else
-        return same == Same::truth ? result != 0 : same == Same::output ? 0 : result;
+inline int64_t comparable(Same same, int64_t result) {
+    if (same == Same::sign) return (result > 0) - (result < 0);
+    return same == Same::truth ? result != 0 : same == Same::output ? 0 : result;
 }
+inline int64_t comparable(Same, const volatile void *result) { return reinterpret_cast<intptr_t>(result); }
 
 // What a call may have left behind an argument.
 inline std::string left(char *text) { return text; }
@@ -78,7 +74,7 @@ std::vector<std::string> outcomes(Same same, const Call &call, const Workload &w
         return result;
     };
     if (same != Same::nothing)
-        for (const Case &of : workload.cases) body(observed, of);
+        for (const Case &given : workload.cases) body(observed, given);
     return seen;
 }
 
@@ -88,37 +84,34 @@ std::vector<std::string> outcomes(Same same, const Call &call, const Workload &w
 template <auto &...others, auto ours, auto plain, auto glibc, auto newlib, class Body>
 void measureBody(const Contest<ours, plain, glibc, newlib> &contest, const Workload &workload, const Body &body) {
     const auto expected = outcomes(contest.same, Direct<ours>(), workload, body);
-    const auto take = [&](const char *name, const auto &call) {
-        enter<decltype(ours)>(contest.routine, workload, name, call, body);
-    };
-    const auto takePeer = [&](const char *name, const auto &call) {
-        if (outcomes(contest.same, call, workload, body) != expected) {
+    const auto take = [&](const char *name, const auto &call, bool isRoutine = true) {
+        if (isRoutine && outcomes(contest.same, call, workload, body) != expected) {
             std::fprintf(stderr, "%s, %s: %s differs from our result\n", contest.routine, workload.name.c_str(), name);
             std::exit(1);
         }
-        take(name, call);
+        enter<decltype(ours)>(contest.routine, workload, name, call, body);
     };
-    if constexpr (!measuresTime) take("empty", Direct<emptyLike(ours)>());
+    if constexpr (!measuresTime) take("empty", Direct<emptyLike(ours)>(), false);
     take("ours", Direct<ours>());
-    if constexpr (exists<glibc>) takePeer(isBoard ? "newlib" : "glibc", Direct<glibc>());
-    if constexpr (exists<newlib> && !isBoard && !measuresTime) takePeer("newlib", Direct<newlib>());
-    if constexpr (measuresTime) (takePeer(others.name, others.call), ...);
+    if constexpr (exists<glibc>) take(isBoard ? "newlib" : "glibc", Direct<glibc>());
+    if constexpr (exists<newlib> && !isBoard && !measuresTime) take("newlib", Direct<newlib>());
+    if constexpr (measuresTime) (take(others.name, others.call), ...);
     if constexpr (exists<plain>)
-        if (!measuresTime || !exists<glibc> || contest.same == Same::nothing) takePeer("plain", Direct<plain>());
+        if (!measuresTime || !exists<glibc> || contest.same == Same::nothing) take("plain", Direct<plain>());
 }
 
-// Arguments are what a case holds, or the same in all cases.
+// Arguments are what a case holds, given by these or by a function like them, or the same in all cases.
 namespace of {
-inline constexpr auto text = [](const Case &of) { return of.text; };
-inline constexpr auto other = [](const Case &of) { return of.other; };
-inline constexpr auto length = [](const Case &of) { return of.length; };
-inline constexpr auto number = [](const Case &of) { return of.number; };
+inline constexpr auto text = [](const Case &given) { return given.text; };
+inline constexpr auto other = [](const Case &given) { return given.other; };
+inline constexpr auto length = [](const Case &given) { return given.length; };
+inline constexpr auto number = [](const Case &given) { return given.number; };
 }  // namespace of
 
 template <class Argument>
-auto valueOf(const Argument &argument, const Case &of) {
+auto valueOf(const Argument &argument, const Case &given) {
     if constexpr (std::is_invocable_v<Argument, const Case &>)
-        return argument(of);
+        return argument(given);
     else
         return argument;
 }
@@ -126,7 +119,7 @@ auto valueOf(const Argument &argument, const Case &of) {
 template <auto &...others>
 void measure(const auto &contest, const Workload &workload, auto... arguments) {
     measureBody<others...>(contest, workload,
-                           [=](auto call, const Case &of) { return call(valueOf(arguments, of)...); });
+                           [=](auto call, const Case &given) { return call(valueOf(arguments, given)...); });
 }
 
 #endif

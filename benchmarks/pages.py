@@ -2,7 +2,6 @@
 
 import csv
 import subprocess
-import sys
 from pathlib import Path
 
 HERE = Path(__file__).parent
@@ -37,17 +36,14 @@ def write_table(path, heads, table):
 
 
 def excesses(figures, ceilings, unit, tolerance=1):
-    """Compares figures with ceilings, both by key and column: the worst line for each routine and column."""
-    worst = {}
-    for key in figures.keys() & ceilings.keys():
+    """A line for each figure that passes its ceiling; both are found by key and column."""
+    for key in sorted(figures.keys() ^ ceilings):
+        yield f"{', '.join(key)}: a measurement and a ceiling must both exist"
+    for key in sorted(figures.keys() & ceilings):
         for column, ceiling in ceilings[key].items():
             figure = figures[key].get(column, 0)
             if figure > tolerance * float(ceiling or 0):
-                text = f"{', '.join(key)}, {column}: {figure:.6g} {unit}, ceiling {ceiling}"
-                entry = figure / float(ceiling or 1), text
-                worst[key[0], column] = max(worst.get((key[0], column), entry), entry)
-    unpaired = [f"{', '.join(key)}: a measurement and a ceiling must both exist" for key in figures.keys() ^ ceilings]
-    return sorted([text for _, text in worst.values()] + unpaired)
+                yield f"{', '.join(key)}, {column}: {round(figure, 1)} {unit}, ceiling {ceiling}"
 
 
 def line(cells):

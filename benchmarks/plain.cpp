@@ -1,3 +1,6 @@
+// The loops that one would write without a second thought, compiled like the library. Each has the name of the routine
+// that it stands for; none tests for null.
+
 #include "contests.h"
 
 namespace plain {
@@ -112,8 +115,7 @@ int32_t customStricmp(const char *first, const char *second, const uint8_t *coll
 }
 
 int32_t TQANSI_memcmp(const void *first, const void *second, uint32_t count) {
-    const uint8_t *const one = static_cast<const uint8_t *>(first);
-    const uint8_t *const other = static_cast<const uint8_t *>(second);
+    const auto *const one = static_cast<const uint8_t *>(first), *const other = static_cast<const uint8_t *>(second);
     for (uint32_t index = 0; index < count; ++index)
         if (one[index] != other[index]) return one[index] - other[index];
     return 0;

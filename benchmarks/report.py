@@ -1,7 +1,7 @@
 """Turns measurements into the pages on speed, or prints them.
 
-MODE is --write or --print=REGULAR_EXPRESSION, on ARM also --check or --update. TREE is where script/bench-armv7 has built
-and counted; a board's table is what it has written."""
+MODE is --write or --print=REGULAR_EXPRESSION, on ARM also --check or --update. TREE is where script/bench-armv7 has
+built and counted; a board's TABLE is what it has written."""
 
 import json
 import re
@@ -76,9 +76,9 @@ def verdict(cost, peer, goal):
     return "goal met" if round(reached, 2) >= goal else f"{int(100 * reached / goal)} % of it"
 
 
-def summary(build, costs):
+def summary(build, costs, goals):
     """How many goals are met, and why others are not."""
-    verdicts = {key: verdict(costs[key], *goal) for key, goal in goals_of(build, costs).items()}
+    verdicts = {key: verdict(costs[key], *goal) for key, goal in goals.items()}
     missed = {key: text for key, text in verdicts.items() if text != "goal met"}
     reasons = {key[:2]: row["reason"] for key, row in read_table(HERE / "reasons.tsv", 3).items()
                if build in key[2].split()}
@@ -89,26 +89,13 @@ def summary(build, costs):
         yield line([f"`{key[0]}`", key[1], text, reasons.get(key, "")])
 
 
-def table(unit, builds, columns=()):
-    """All workloads, with the goals of the first build; one group of columns for each build."""
-    first, *others = builds
-    heads = ["routine", "workload"]
-    for prefix in ("", *(f"{build}: " for build in others)):
-        heads += [f"{prefix}ours, {unit}", *columns, "best peer", f"{prefix}peer / ours (more is better)"]
-        heads += [] if prefix else ["goal", ""]
-    yield heads
-    goals = goals_of(first, builds[first])
-    for key in by_routine(builds[first]):
-        cells = [*key]
-        peer, goal = goals.get(key, ("library", None))
-        for build, costs in builds.items():
-            cost = costs.get(key, {"ours": 0.0, "plain": 0.0})
-            best = best_peer(cost, peer)
-            cells += [f"{cost['ours']:.1f}", *(f"{cost[name]:.1f}" if name in cost else "" for name in columns)]
-            cells += [best, f"{cost[best] / cost['ours']:.2f}" if cost["ours"] else ""]
-            if build == first:
-                cells += [f"{goal:g}", verdict(cost, peer, goal)] if goal else ["", ""]
-        yield cells
+def table(unit, costs, goals, columns=()):
+    yield ["routine", "workload", f"ours, {unit}", *columns, "best peer", "peer / ours (more is better)", "goal", ""]
+    for key in by_routine(costs):
+        cost, (peer, goal) = costs[key], goals.get(key, ("library", None))
+        yield [*key, *(f"{cost[name]:.1f}" if name in cost else "" for name in ("ours", *columns)),
+               best_peer(cost, peer), f"{ratio(cost, peer):.2f}",
+               *([f"{goal:g}", verdict(cost, peer, goal)] if goal else ["", ""])]
 
 
 def markdown(rows):
@@ -123,7 +110,7 @@ def print_rows(pattern, unit, builds):
         if not chosen:
             sys.exit(f"{build}: nothing matches {pattern}")
         print(f"{build}: {unit} a call, less is better; peer / ours above 1: ours is better")
-        rows = list(table(unit, {build: chosen}))
+        rows = list(table(unit, chosen, goals_of(build, chosen)))
         widths = [max(map(len, column)) for column in zip(*rows)]
         for row in rows:
             print("  ".join(cell.ljust(width) for cell, width in zip(row, widths)).rstrip())
@@ -152,12 +139,13 @@ Instructions a call, counted exactly by an emulator: fewer are better. `script/b
 - glibc chooses `memchr` and `memcpy` at run time and takes the NEON ones in both tables."""
     titles = "General registers: `-march=armv7-a+fp`", "NEON: `-march=armv7-a+simd -mfpu=neon`"
     for title, (build, costs) in zip(titles, builds.items()):
+        goals = goals_of(build, costs)
         slower = [f"`{routine}` ({workload})" for (routine, workload), cost in costs.items()
                   if not workload.startswith(WORST) and cost["ours"] > 1.1 * cost.get("plain", cost["ours"])]
         yield f"\n## {title}\n"
-        yield from summary(build, costs)
+        yield from summary(build, costs, goals)
         yield f"\nMore than 10 % above the plain loop: {', '.join(slower) or 'nothing'}.\n"
-        yield from markdown(table("instructions", {build: costs}, ["glibc", "newlib", "plain"]))
+        yield from markdown(table("instructions", costs, goals, ["glibc", "newlib", "plain"]))
     yield from cycles.section(tree, builds)
     yield """
 ## On your own board
@@ -173,7 +161,7 @@ Without flags the program is for a Cortex-A15 and runs in an emulator. That only
 nothing."""
 
 
-def x86_document(builds, context):
+def x86_document(default, baseline, context):
     processor = re.search(r"model name\s*: (.*)", Path("/proc/cpuinfo").read_text(encoding="utf-8"))[1]
     yield f"""# Speed on x86-64
 
@@ -195,9 +183,12 @@ is faster, and more is better. `script/bench` writes this file.
 
 ![Ratios of each routine](speed.svg)
 """
-    yield from summary("default", builds["default"])
+    goals = goals_of("default", default)
+    yield from summary("default", default, goals)
     yield ""
-    yield from markdown(table("ns", builds))
+    rows = [row + other[2:5] for row, other in zip(table("ns", default, goals), table("ns", baseline, goals))]
+    rows[0][-3:] = "baseline: ours, ns", "best peer", "baseline: peer / ours (more is better)"
+    yield from markdown(rows)
 
 
 def draw(default, baseline):
@@ -231,17 +222,16 @@ def report_armv7(mode, tree):
 
 
 def report_x86(mode, *paths):
-    costs, contexts = zip(*map(read_times, paths))
-    builds = dict(zip(("default", "baseline"), costs))
+    (default, context), (baseline, _) = map(read_times, paths)
     if mode == "--write":
-        write_page("speed.md", x86_document(builds, contexts[0]))
-        draw(*costs)
+        write_page("speed.md", x86_document(default, baseline, context))
+        draw(default, baseline)
     else:
-        print_rows(mode.removeprefix("--print="), "ns", builds)
+        print_rows(mode.removeprefix("--print="), "ns", {"default": default, "baseline": baseline})
 
 
-def main(arguments):
-    match arguments:
+try:
+    match sys.argv[1:]:
         case "armv7", mode, tree:
             report_armv7(mode, Path(tree))
         case "x86-64", mode, default, baseline:
@@ -250,9 +240,5 @@ def main(arguments):
             print_rows(pattern, "cycles", {"board": read_counts(path)})
         case _:
             sys.exit(USAGE)
-
-
-try:
-    main(sys.argv[1:])
 except (OSError, re.error) as problem:
     sys.exit(f"report.py: {problem}")

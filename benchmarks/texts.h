@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <functional>
 #include <new>
 #include <random>
 
@@ -29,18 +30,13 @@ inline char *room(size_t size, size_t alignment) {
     return at;
 }
 
-template <class Value>
-Value *variables(size_t count = 1) {
-    return new (room(count * sizeof(Value), 0)) Value[count]();
-}
-
 inline char *place(const std::string &bytes, size_t alignment) {
     char *const at = room(bytes.size() + 1, alignment);
     std::memcpy(at, bytes.c_str(), bytes.size() + 1);
     return at;
 }
 
-// Letters of so many, the first of them the most frequent if they are skewed.
+// Random letters, of so many different ones; if they are skewed, the first is the most frequent.
 inline std::string letters(size_t length, uint32_t different = 26, bool areSkewed = false) {
     std::string text(length, ' ');
     for (char &letter : text) letter = static_cast<char>('a' + below(areSkewed ? 1 + below(different) : different));
@@ -89,17 +85,15 @@ inline std::vector<Sizes> allSizes() {
     return all;
 }
 
-// Texts of small letters, changed by the function given before they are placed.
-template <class Change = void (*)(std::string &)>
-Workload makeTexts(
-    const Sizes &sizes, const Change &change = [](std::string &) {}) {
+// Texts of small letters, changed by the function given, if any, before they are placed.
+inline Workload makeTexts(const Sizes &sizes, const std::function<void(std::string &)> &change = {}) {
     Workload texts{sizes.workload};
     startPage(0);
     for (const size_t length : sizes.lengths) {
         std::string bytes = letters(length);
-        change(bytes);
-        texts.cases.push_back(
-            {place(bytes, sizes.alignment(texts.cases.size(), 0)), nullptr, static_cast<uint32_t>(length)});
+        if (change) change(bytes);
+        char *const text = place(bytes, sizes.alignment(texts.cases.size(), 0));
+        texts.cases.push_back({text, nullptr, static_cast<uint32_t>(length)});
     }
     return texts;
 }

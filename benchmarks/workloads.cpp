@@ -3,8 +3,6 @@
 
 #include <strlib.h>
 
-#include <numeric>
-
 #include "meter.h"
 #include "texts.h"
 
@@ -23,12 +21,6 @@ std::string withRandomCase(std::string text) {
     for (char &byte : text)
         if (below(2) == 0) byte = static_cast<char>(TQANSI_toupper(byte));
     return text;
-}
-
-uint8_t *identicalTable() {
-    uint8_t *const table = variables<uint8_t>(256);
-    std::iota(table, table + 256, uint8_t{0});
-    return table;
 }
 
 void measureLengthAndSearch(const Sizes &sizes) {
@@ -52,8 +44,7 @@ void measureCopies(const Sizes &sizes) {
     for (Case &copy : copies.cases) copy.number = static_cast<int32_t>(sizes.isMix ? below(33) : copy.length * 3 / 4);
     measure(contest::TQANSI_strcpy, copies, of::other, of::text);
     measure(contest::TQ_strappend, copies, of::other, of::text);
-    measure<host::memccpyThenEnd, host::strncpyThenEnd>(contest::TQANSI_strncpy, copies, of::other, of::text,
-                                                        of::number);
+    measure<host::byMemccpy, host::byStrncpy>(contest::TQANSI_strncpy, copies, of::other, of::text, of::number);
     measure(contest::TQANSI_memset, copies, of::other, 'x', of::length);
     // From here on the length is that of the string in the room. It is cut short again after the call: cut right
     // before, it would be read before the store is through.
@@ -83,15 +74,14 @@ void measureComparisons(const Sizes &sizes) {
         text = withRandomCase(text);
         folded.cases[index].other = place(text, sizes.alignment(index, 1));
     }
-    uint8_t *const collation = identicalTable();
-    for (uint8_t letter = 'A'; letter <= 'Z'; ++letter) collation[letter] = static_cast<uint8_t>(letter + 32);
-
+    static std::array<uint8_t, 256> collation;
+    for (int32_t byte = 0; byte < 256; ++byte) collation[byte] = byte >= 'A' && byte <= 'Z' ? byte + 32 : byte;
     measure(contest::TQANSI_strcmp, exact, of::text, of::other);
     measure(contest::TQANSI_strncmp, exact, of::text, of::other, beyondAll);
     measure(contest::TQANSI_memcmp, exact, of::text, of::other, of::length);
     measure(contest::TQANSI_stricmp, folded, of::text, of::other);
     measure(contest::TQANSI_strnicmp, folded, of::text, of::other, beyondAll);
-    measure<host::strcasecmpAsCollation>(contest::customStricmp, folded, of::text, of::other, collation);
+    measure<host::byStrcasecmp>(contest::customStricmp, folded, of::text, of::other, collation.data());
 }
 
 Case search(const std::string &text, const std::string &needle) { return {place(text, 1), place(needle, 2)}; }
@@ -124,20 +114,20 @@ void measureSubstrings() {
 }
 
 void measureClasses() {
-    uint8_t *const table = identicalTable();
+    static std::array<uint8_t, 256> table;
     Workload bytes{"all bytes", std::vector<Case>(256)};
-    for (int32_t byte = 0; Case & of : bytes.cases) of.number = byte++;
+    for (int32_t byte = 0; byte < 256; ++byte) bytes.cases[byte].number = table[byte] = byte;
     measure<host::toupperInLine>(contest::TQANSI_toupper, bytes, of::number);
     measure<host::isalphaInLine>(contest::TQANSI_isalpha, bytes, of::number);
     measure<host::isdigitInLine>(contest::TQANSI_isdigit, bytes, of::number);
-    measure(contest::TQ_isAttribute, bytes, 0x11, table, of::number);
+    measure(contest::TQ_isAttribute, bytes, 0x11, table.data(), of::number);
     for (const Sizes &sizes : allSizes()) {
         const Workload blanks = makeTexts(sizes, [&](std::string &text) {
             for (char &byte : text) byte = below(4) == 0 ? '\t' : ' ';
             putSomewhere(sizes, text, 'x');
         });
         measure(contest::TQ_isBlankLine, blanks, of::text);
-        measure(contest::TQ_convertZstring, makeTexts(sizes), table, of::text);
+        measure(contest::TQ_convertZstring, makeTexts(sizes), table.data(), of::text);
     }
 }
 
@@ -148,16 +138,15 @@ int32_t mixedInteger(uint32_t most) {
     return static_cast<int32_t>(below(4) == 0 ? 0 - value : value);
 }
 
-void measureNumbers(uint32_t most, const std::string &workload, const std::string &written) {
+void measureNumbers(uint32_t most, const std::string &workload, const std::string &range) {
     Workload numbers{workload, std::vector<Case>(256)};
-    for (Case &of : numbers.cases) {
-        of.number = mixedInteger(most);
-        of.text = place(std::to_string(of.number), below(32));
+    for (Case &given : numbers.cases) {
+        given.number = mixedInteger(most);
+        given.text = place(std::to_string(given.number), below(32));
     }
     measure<host::fromChars>(contest::TQANSI_atoi, numbers, of::text);
-    measure<host::toChars>(contest::decimal, {"radix 10" + written, numbers.cases}, of::number, onStack, 64, 10);
-    measure<host::hexadecimal>(contest::hexadecimal, {"radix 16" + written, numbers.cases}, of::number, onStack, 64,
-                               16);
+    measure<host::toChars>(contest::decimal, {"radix 10" + range, numbers.cases}, of::number, onStack, 64, 10);
+    measure<host::hexadecimal>(contest::hexadecimal, {"radix 16" + range, numbers.cases}, of::number, onStack, 64, 16);
 }
 
 using Slots = std::array<intptr_t, 3>;
@@ -170,12 +159,12 @@ void measurePrint(const char *workload, const char *format, const Slots &first, 
     std::vector<Slots> prints = {first};
     while (measuresTime && prints.size() < 256) prints.push_back(random());
     Workload numbered{workload, std::vector<Case>(prints.size(), {place(format, 4)})};
-    for (int32_t number = 0; Case & of : numbered.cases) of.number = number++;
+    for (int32_t number = 0; Case & given : numbered.cases) given.number = number++;
     measure<peer>(contest::TQ_sprintf, numbered, onStack, 256, of::text,
                   [=](const Case &print) { return prints[static_cast<size_t>(print.number)].data(); });
 }
 
-void measureScan(const char *format, const std::string &first, const Slots &slots, auto random) {
+void measureScan(const Slots &slots, const char *format, const std::string &first, auto random) {
     Workload inputs{format, {{place(first, 0)}}};
     while (measuresTime && inputs.cases.size() < 256) inputs.cases.push_back({place(random(), below(32))});
     measure(contest::TQ_sscanf, inputs, of::text, format, [=](const Case &) { return slots.data(); });
@@ -191,15 +180,15 @@ void measureFormats() {
     measurePrint<host::printSentence>("a sentence", "The value %d of the sensor named %s is given in degrees %c.",
                                       {1234, name, 'C'}, mixed);
 
-    int32_t *const stored = variables<int32_t>(3);
-    const Slots numbers = {slot(stored), slot(stored + 1), slot(stored + 2)};
-    const Slots fields = {slot(variables<char>(64)), slot(stored), slot(stored + 1)};
+    alignas(32) static std::array<int32_t, 18>
+        stored;  // The first slot serves a number or a word of less than 64 bytes.
+    const Slots slots = {slot(&stored[0]), slot(&stored[16]), slot(&stored[17])};
     const auto digits = [=] { return std::to_string(integer()); };
     const auto any = [] { return letters(1 + below(12)); };
-    measureScan("%i,%i,%i", "-17,90210,4", numbers, [=] { return digits() + ',' + digits() + ',' + digits(); });
-    measureScan("%s %i %u", "temperature 1234 56", fields, [=] { return any() + ' ' + digits() + " 56"; });
-    measureScan("%[^=]=%i %u", "temperature=1234 56", fields, [=] { return any() + '=' + digits() + " 56"; });
-    measureScan("%i,%i", "-17,90210", numbers, [=] { return digits() + ',' + std::to_string(mixedInteger(4)); });
+    measureScan(slots, "%i,%i,%i", "-17,90210,4", [=] { return digits() + ',' + digits() + ',' + digits(); });
+    measureScan(slots, "%s %i %u", "temperature 1234 56", [=] { return any() + ' ' + digits() + " 56"; });
+    measureScan(slots, "%[^=]=%i %u", "temperature=1234 56", [=] { return any() + '=' + digits() + " 56"; });
+    measureScan(slots, "%i,%i", "-17,90210", [=] { return digits() + ',' + std::to_string(mixedInteger(4)); });
 }
 
 void measureLines(const char *workload, uint32_t shortest, uint32_t most) {
@@ -215,10 +204,10 @@ void measureTokens(const char *workload, uint32_t shortest, uint32_t most) {
     for (Case &token : tokens.cases)
         token.text =
             place((below(2) == 0 ? ", " : ",") + letters(shortest + below(most - shortest + 1)) + ", next", below(32));
-    char **const end = variables<char *>();
-    uint16_t *const length = variables<uint16_t>();
-    measure(contest::TQ_strtoken, tokens, of::text, ", ", end);
-    measure(contest::TQ_strtoklen, tokens, of::text, ", ", length);
+    static char *end;
+    static uint16_t length;
+    measure(contest::TQ_strtoken, tokens, of::text, ", ", &end);
+    measure(contest::TQ_strtoklen, tokens, of::text, ", ", &length);
 }
 
 uint32_t mixedCodePoint() {
@@ -246,12 +235,12 @@ void measureUtf8(const char *workload, uint32_t (*next)()) {
         const uint32_t codePoint = next();
         character = {place(encoded(codePoint) + "next", below(32)), nullptr, 0, static_cast<int32_t>(codePoint)};
     }
-    char *const buffer = variables<char>(8);
-    uint32_t *const codePoint = variables<uint32_t>();
-    int32_t *const result = variables<int32_t>();
+    static char buffer[8];
+    static uint32_t codePoint;
+    static int32_t result;
     measure<host::encode>(contest::unicodeToUtf8, characters, of::number, buffer);
-    measure<host::decode>(contest::utf8ToUnicode, characters, of::text, codePoint, result);
-    measure<host::readCharacter>(contest::utf8ReadChar, characters, of::text, result, buffer);
+    measure<host::decode>(contest::utf8ToUnicode, characters, of::text, &codePoint, &result);
+    measure<host::readCharacter>(contest::utf8ReadChar, characters, of::text, &result, buffer);
 }
 
 void measureUtf8Set(const char *workload, size_t characters, bool isThere) {
@@ -263,11 +252,9 @@ void measureUtf8Set(const char *workload, size_t characters, bool isThere) {
 
 void measureArithmetic() {
     Workload pairs{"4 to 12 bytes", std::vector<Case>(64)};
-    for (Case &pair : pairs.cases) {
-        pair.text = place(letters(4 + below(9)), below(32));
-        pair.other = place(letters(4 + below(9)), below(32));
-    }
-    char *const buffer = variables<char>(32);
+    for (Case &pair : pairs.cases)
+        pair = {place(letters(4 + below(9)), below(32)), place(letters(4 + below(9)), below(32))};
+    alignas(32) static char buffer[32];
     measure(contest::string_operator_diff, pairs, of::text, of::other);
     measure(contest::string_operator_add, pairs, buffer, of::text, 1);
 }
@@ -281,33 +268,31 @@ void measureWalks() {
         characters += encoded(latinCodePoint());
     }
     char *const destination = room(512, 4);
-    char **const end = variables<char *>();
-    uint32_t *const codePoint = variables<uint32_t>();
-    int32_t *const length = variables<int32_t>();
-    measureBody(contest::X_TAMBRO_gets, {"through 2048 short lines", {{place(lines, 0)}}}, [=](auto call, auto &of) {
-        const char *at = of.text;
+    static char *end;
+    static uint32_t codePoint;
+    static int32_t length;
+    measureBody(contest::X_TAMBRO_gets, {"through 2048 short lines", {{place(lines, 0)}}}, [=](auto call, auto &given) {
+        const char *at = given.text;
         while (*at != 0) at += call(destination, 500, at) + 1;
         return at;
     });
-    measureBody(contest::TQ_strtoken, {"through 2048 short tokens", {{place(tokens, 0)}}}, [=](auto call, auto &of) {
-        const char *at = of.text;
-        while (call(at, " \t,", end) != nullptr) at = *end;
+    measureBody(contest::TQ_strtoken, {"through 2048 short tokens", {{place(tokens, 0)}}}, [=](auto call, auto &given) {
+        const char *at = given.text;
+        while (call(at, " \t,", &end) != nullptr) at = end;
         return at;
     });
     measureBody<host::decode>(contest::utf8ToUnicode, {"through 2048 Latin characters", {{place(characters, 0)}}},
-                              [=](auto call, auto &of) {
-                                  const char *at = of.text;
-                                  while (*at != 0) at = call(at, codePoint, length);
+                              [=](auto call, auto &given) {
+                                  const char *at = given.text;
+                                  while (*at != 0) at = call(at, &codePoint, &length);
                                   return at;
                               });
 }
 
 // A needle at the end of a text that does not hold it before.
-Case atTheEnd(std::string text, const std::string &needle) {
-    text += needle;
+Case atTheEnd(const std::string &text, const std::string &needle) {
     startPage(0);
-    char *const string = place(text, below(32));
-    return {string, place(needle, below(32))};
+    return {place(text + needle, below(32)), place(needle, below(32))};
 }
 
 void measureNeedles() {
@@ -351,9 +336,8 @@ void measureWorst(const std::string &workload, const std::array<Case, 2> &search
 
 void measureWorstLine(const std::string &workload, const std::string &source) {
     const auto length = static_cast<uint32_t>(source.size());
-    char *const destination = room(length + 1, 4);
-    measure(contest::worstLine, {"worst: " + workload, {{place(source, 1), destination, length}}}, of::other,
-            of::length, of::text);
+    const Workload lines{"worst: " + workload, {{place(source, 1), room(length + 1, 4), length}}};
+    measure(contest::worstLine, lines, of::other, of::length, of::text);
 }
 
 void measureWorstInputs() {
@@ -374,7 +358,12 @@ void measureWorstInputs() {
     measureWorstLine("(a \\r)^n", repeated("a\r", length));
 }
 
-void measureAll() {
+}  // namespace
+
+int main(int argc, char **argv) {
+    std::array<char, 256> buffer;
+    onStack = buffer.data();
+    startMeter(argc, argv);
     for (const Sizes &sizes : allSizes()) measureLengthAndSearch(sizes);
     for (const Sizes &sizes : allSizes()) measureCopies(sizes);
     for (const Sizes &sizes : allSizes()) measureComparisons(sizes);
@@ -399,12 +388,5 @@ void measureAll() {
     measureAlike(4096);
     measureWorstInputs();
     if (measuresTime) measureWalks();  // What costs nothing there does not end.
-}
-
-}  // namespace
-
-int main(int argc, char **argv) {
-    std::array<char, 256> buffer;
-    onStack = buffer.data();
-    return runMeter(argc, argv, measureAll);
+    return finishMeter();
 }
