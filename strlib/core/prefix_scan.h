@@ -169,8 +169,8 @@ private:
     bool ended_ = false;
     Chosen first_ = {};
     Chosen second_ = {};
-    uint32_t failures_ = 0;
     uint32_t choices_ = 0;
+    uint32_t failures_ = 0;
 };
 
 }  // namespace
