@@ -159,15 +159,17 @@ inline constexpr bool sizeCountsMore = size == 1;
 
 inline size_t offsetIn(Address address) { return address % size; }
 
-// The positions of the first and the last bit of a mask that is not 0.
-inline uint32_t lowestBit(Mask mask) {
-    if constexpr (sizeof(Mask) <= sizeof(uint32_t)) return static_cast<uint32_t>(__builtin_ctz(mask));
-    return static_cast<uint32_t>(__builtin_ctzll(mask));
+// The positions of the first and the last bit of a mask, or of a word, that is not 0.
+template <class Bits>
+inline uint32_t lowestBit(Bits bits) {
+    if constexpr (sizeof(Bits) <= sizeof(uint32_t)) return static_cast<uint32_t>(__builtin_ctz(bits));
+    return static_cast<uint32_t>(__builtin_ctzll(bits));
 }
 
-inline uint32_t highestBit(Mask mask) {
-    if constexpr (sizeof(Mask) <= sizeof(uint32_t)) return 31 - static_cast<uint32_t>(__builtin_clz(mask));
-    return 63 - static_cast<uint32_t>(__builtin_clzll(mask));
+template <class Bits>
+inline uint32_t highestBit(Bits bits) {
+    if constexpr (sizeof(Bits) <= sizeof(uint32_t)) return 31 - static_cast<uint32_t>(__builtin_clz(bits));
+    return 63 - static_cast<uint32_t>(__builtin_clzll(bits));
 }
 
 inline constexpr Mask fullMask = static_cast<Mask>(~Mask{0});

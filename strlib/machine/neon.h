@@ -35,12 +35,16 @@ inline Mask pack(Flags flags) {
     return vget_lane_u32(vreinterpret_u32_u8(vpadd_u8(pairs, pairs)), 0);
 }
 
-// The intrinsic would take the halves through memory.
+// On 32-bit ARM the intrinsic would take the halves through memory.
 inline bool anyIn(uint8x8_t half) {
+#if !defined(__arm__)
+    return vget_lane_u64(vreinterpret_u64_u8(half), 0) != 0;
+#else
     uint32_t low;
     uint32_t high;
     asm("vmov %0, %1, %P2" : "=r"(low), "=r"(high) : "w"(half));
     return (low | high) != 0;
+#endif
 }
 inline bool any(Flags flags) {
     const auto bytes = reinterpret_cast<uint8x16_t>(flags);
@@ -50,7 +54,7 @@ inline bool any(Flags flags) {
 // Two vectors in a row, at an address of a multiple of 32, and the address behind them.
 inline constexpr size_t groupBlocks = 2;
 [[gnu::always_inline]] inline void takePair(Address &address, Block &low, Block &high) {
-#if defined(__clang__)  // It takes no pair of vectors as an operand.
+#if !defined(__arm__) || defined(__clang__)  // Clang takes no pair of vectors as an operand.
     low = loadAligned(address);
     high = loadAligned(address + size);
     address += 2 * size;
