@@ -133,7 +133,7 @@ void checkInput() {
     }
 }
 
-// Every text of up to so many bytes, with something before and behind it.
+// Every text of up to `longest` bytes of an alphabet, with something before and behind it.
 void forEach(std::string_view alphabet, size_t longest, void (*check)(), std::string before = "",
              std::string behind = "") {
     for (size_t length = 0; length <= longest; ++length) {
