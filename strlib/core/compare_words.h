@@ -170,7 +170,7 @@ template <class Mode>
 
 // The difference of the first bytes that differ, of words that do.
 [[gnu::always_inline]] inline int32_t rangeDifference(Word first, Word second) {
-    const uint32_t bits = block::lowestBit(first ^ second) & ~7u;
+    const uint32_t bits = block::lowestBit(static_cast<Word>(first ^ second)) & ~7u;
     return static_cast<uint8_t>(first >> bits) - static_cast<uint8_t>(second >> bits);
 }
 
