@@ -23,15 +23,17 @@ static const Property lines("lines", [](Choices &choices) {
 static const Property linesInPlace("lines in place", [](Choices &choices) {
     std::string text = choices.text("ab\r\n\x80", 6);
     if (choices.steers()) plant(choices, text, "\n");
-    const auto [content, stop] = model::line(text, text.size() + 1);
+    const size_t size = 1 + choices.below(text.size() + 1);
+    const auto [content, stop] = model::line(text, size);
     const size_t before = choices.isLong() ? choices.below(48) : choices.below(3);
     std::string image = std::string(before, Region::filler) + text + std::string(2, '\0');
     char *const destination = region(0).place(image, choices.placement());
     char *const source = destination + before;
-    requirePosition(source + X_TAMBRO_gets(destination, static_cast<int32_t>(text.size()) + 1, source), source, stop);
+    requirePosition(source + X_TAMBRO_gets(destination, static_cast<int32_t>(size), source), source, stop);
     requireBytes(0, image.replace(0, content.size() + 1, content + '\0'));
-    choices.outcome("closely before a line of more than 64 bytes", 4, before < 32 && content.size() > 64);
+    choices.outcome("closely before a line of more than 64 bytes", 1, before < 32 && content.size() > 64);
     choices.outcome("with a carriage return left out", 8, content.size() < stop);
+    choices.outcome("full", 20, content.size() == size);
 });
 
 static const Property tokens("tokens", [](Choices &choices) {
