@@ -43,18 +43,6 @@ inline int32_t difference(uint8_t first, uint8_t second) {
     return asSigned(Reading::read(first)) - asSigned(Reading::read(second));
 }
 
-// Which positions a comparison may look at: all, or the first `count`.
-struct Unlimited {
-    static constexpr size_t count = SIZE_MAX;
-    bool allows(size_t) const { return true; }
-};
-
-struct Limited {
-    bool allows(size_t index) const { return index < count; }
-
-    size_t count;
-};
-
 }  // namespace
 }  // namespace strlib
 

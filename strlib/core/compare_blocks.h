@@ -8,6 +8,18 @@
 namespace strlib {
 namespace {
 
+// Which positions a comparison may look at: all, or the first `count`.
+struct Unlimited {
+    static constexpr size_t count = SIZE_MAX;
+    bool allows(size_t) const { return true; }
+};
+
+struct Limited {
+    bool allows(size_t index) const { return index < count; }
+
+    size_t count;
+};
+
 // What a comparison gives for the index at which it stops: the difference there, or the index itself.
 template <class Mode>
 struct Difference {
