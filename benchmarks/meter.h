@@ -85,11 +85,13 @@ template <auto &...others, auto ours, auto plain, auto glibc, auto newlib, class
 void measureBody(const Contest<ours, plain, glibc, newlib> &contest, const Workload &workload, const Body &body) {
     const auto expected = outcomes(contest.same, Direct<ours>(), workload, body);
     const auto take = [&](const char *name, const auto &call, bool isRoutine = true) {
-        if (isRoutine && outcomes(contest.same, call, workload, body) != expected) {
+        const auto compare = [=] {
+            if (!isRoutine || outcomes(contest.same, call, workload, body) == expected) return;
             std::fprintf(stderr, "%s, %s: %s differs from our result\n", contest.routine, workload.name.c_str(), name);
             std::exit(1);
-        }
-        enter<decltype(ours)>(contest.routine, workload, name, call, body);
+        };
+        compare();
+        enter<decltype(ours)>(contest.routine, workload, name, call, body, compare);
     };
     if constexpr (!measuresTime) take("empty", Direct<emptyLike(ours)>(), false);
     take("ours", Direct<ours>());

@@ -86,8 +86,8 @@ template <class Function, class Body>
 }
 
 // All are called with our signature, which the machine cannot tell from the C libraries' own.
-template <class Ours, auto routine, class Body>
-void enter(const char *title, const Workload &workload, const char *name, Direct<routine>, const Body &body) {
+template <class Ours, auto routine>
+void enter(const char *title, const Workload &workload, const char *name, Direct<routine>, const auto &body, auto &) {
     std::printf("%s\t%s\t%s\t%u\t", title, workload.name.c_str(), name, static_cast<unsigned>(workload.cases.size()));
     count(std::bit_cast<Ours>(routine), workload.cases, body);
 }

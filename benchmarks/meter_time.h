@@ -28,10 +28,12 @@ inline std::vector<const Case *> inOrder(const std::vector<Case> &cases) {
     return order;
 }
 
-template <class, class Call, class Body>
-void enter(const char *routine, const Workload &workload, const char *name, const Call &call, const Body &body) {
+// Outcomes are compared again before each repetition: no other measurement may change what this one reads.
+template <class>
+void enter(const char *routine, const Workload &workload, const char *name, auto call, auto body, auto compare) {
     const std::string title = std::string(routine) + '/' + workload.name + '/' + name;
     const auto run = [=, cases = workload.cases](benchmark::State &state) {
+        compare();
         const std::vector<const Case *> order = inOrder(cases);
         for (auto _ : state)
             for (const Case *const given : order) benchmark::DoNotOptimize(body(call, *given));
@@ -44,8 +46,8 @@ inline void startMeter(int argc, char **argv) {
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) std::exit(1);
     benchmark::AddCustomContext("flags", STRLIB_BENCH_FLAGS);
-    const std::string version = __VERSION__;  // Of clang, with its name.
-    benchmark::AddCustomContext("compiler", std::isdigit(version[0]) ? "GCC " + version : version);
+    // Clang's version begins with its name.
+    benchmark::AddCustomContext("compiler", std::isdigit(__VERSION__[0]) ? "GCC " __VERSION__ : __VERSION__);
     benchmark::AddCustomContext("glibc", gnu_get_libc_version());
     benchmark::AddCustomContext("fmt", fmt::format("{}.{}", FMT_VERSION / 10000, FMT_VERSION / 100 % 100));
     benchmark::AddCustomContext("utf8proc", utf8proc_version());

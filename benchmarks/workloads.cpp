@@ -46,9 +46,12 @@ void measureCopies(const Sizes &sizes) {
     measure(contest::TQ_strappend, copies, of::other, of::text);
     measure<host::byMemccpy, host::byStrncpy>(contest::TQANSI_strncpy, copies, of::other, of::text, of::number);
     measure(contest::TQANSI_memset, copies, of::other, 'x', of::length);
-    // From here on the length is that of the string in the room. It is cut short again after the call: cut right
-    // before, it would be read before the store is through.
+    // From here on the length is that of the string in the room. These rooms are others, aligned alike: no string would
+    // fit behind what copies leave in theirs. The string is cut short again after the call: cut right before, it would
+    // be read before the store is through.
+    startPage(2048);
     for (Case &copy : copies.cases) {
+        copy.other = room(copy.length + 65, reinterpret_cast<uintptr_t>(copy.other) % 32);
         copy.length = below(16);
         std::memset(copy.other, 'x', copy.length);
         copy.other[copy.length] = 0;
@@ -180,8 +183,8 @@ void measureFormats() {
     measurePrint<host::printSentence>("a sentence", "The value %d of the sensor named %s is given in degrees %c.",
                                       {1234, name, 'C'}, mixed);
 
-    alignas(32) static std::array<int32_t, 18>
-        stored;  // The first slot serves a number or a word of less than 64 bytes.
+    // The first slot serves a number or a word of less than 64 bytes.
+    alignas(32) static std::array<int32_t, 18> stored;
     const Slots slots = {slot(&stored[0]), slot(&stored[16]), slot(&stored[17])};
     const auto digits = [=] { return std::to_string(integer()); };
     const auto any = [] { return letters(1 + below(12)); };
@@ -364,9 +367,8 @@ int main(int argc, char **argv) {
     std::array<char, 256> buffer;
     onStack = buffer.data();
     startMeter(argc, argv);
-    for (const Sizes &sizes : allSizes()) measureLengthAndSearch(sizes);
-    for (const Sizes &sizes : allSizes()) measureCopies(sizes);
-    for (const Sizes &sizes : allSizes()) measureComparisons(sizes);
+    for (const auto measureAll : {measureLengthAndSearch, measureCopies, measureComparisons})
+        for (const Sizes &sizes : allSizes()) measureAll(sizes);
     measureSubstrings();
     measureClasses();
     measureNumbers(10, "1 to 10 digits", "");
@@ -384,8 +386,7 @@ int main(int argc, char **argv) {
     measureUtf8("Latin", latinCodePoint);
     measureUtf8("CJK", cjkCodePoint);
     measureNeedles();
-    measureAlike(256);
-    measureAlike(4096);
+    for (const uint32_t length : {256, 4096}) measureAlike(length);
     measureWorstInputs();
     if (measuresTime) measureWalks();  // What costs nothing there does not end.
     return finishMeter();
