@@ -176,7 +176,7 @@ is faster, and more is better. `script/bench` writes this file.
   linked; `std::from_chars` and `std::to_chars` of the compiler's library; `plain` is a loop where no library has such a
   routine. Where there are several, the fastest counts, or the one that the goal names.
 - The fastest of many short interleaved repetitions, in processor time: a machine's other work only ever adds to it.
-- Every peer was seen to give the same results before it was timed.
+- Peers gave the same results before each repetition, but in radix 16: `snprintf` takes the sign for a digit there.
 - *mix* is 4,096 calls on texts of 0 to 32 bytes at random alignments in random order; a number is the length in bytes.
 - *worst* are inputs of 16,384 bytes that were made to be slow to search. Their peer is a plain loop for the length of
   the same text; the goal is no more than 4 times its time, folded 8 times.
